@@ -1,0 +1,30 @@
+// The request channel: the one way the plug-in talks to the recorder. Every exchange is one synchronous
+// call of the host's request callback with a request record and a reply record.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace varcfg {
+
+// How a request text is put into the request record: at most copyLimit characters are copied and the
+// length field says the text's length, but at most lengthLimit.
+struct RequestForm {
+    std::size_t copyLimit;
+    std::size_t lengthLimit;
+};
+inline constexpr RequestForm kQueryForm{2047, 2047};    // 8-bit query texts, sent whole
+inline constexpr RequestForm kSettingForm{1023, 1023};  // settings: longer texts are cut without notice
+inline constexpr RequestForm kRawForm{2047, 2048};      // the raw command page's free text
+
+// Two queries use records with a 9708-byte text area instead of 2060.
+enum class RecordSize { Standard, Large };
+
+// Sends one request in mode 0. Both records start zeroed. Returns false when the host's callback
+// returns 0 (or none is installed); reply is then left untouched. Otherwise reply receives the reply
+// record's text up to its terminator, and never beyond the record's end.
+bool Exchange(std::string_view request, RequestForm form, std::string& reply,
+              RecordSize size = RecordSize::Standard);
+
+}  // namespace varcfg
