@@ -1,0 +1,98 @@
+#include "protocol/Envelope.h"
+
+#include <cstdio>
+#include <cstring>
+
+namespace varcfg {
+namespace {
+
+constexpr int kAccepted = 0;
+constexpr int kRefused = -1;
+
+int Refuse(const char* line) {
+    std::fputs(line, stdout);
+    return kRefused;
+}
+
+// Parses into document, which is cleared first. False when TinyXML reports a fault.
+bool ParseFresh(TiXmlDocument& document, const char* text) {
+    document.Clear();
+    document.ClearError();
+    document.Parse(text != nullptr ? text : "");
+    return !document.Error();
+}
+
+bool IsActionAttribute(const TiXmlAttribute& attribute) { return std::strcmp(attribute.Name(), "Action") == 0; }
+
+// The diagnostic lines of one check that looks at Action and the attribute after it.
+struct ResultLines {
+    const char* noFirstAttribute;
+    const char* firstIsNotAction;
+    const char* noResult;
+    const char* resultIsNotOne;
+};
+
+int CheckActionAndResult(const TiXmlElement& element, const ResultLines& lines) {
+    const TiXmlAttribute* action = element.FirstAttribute();
+    if (action == nullptr) return Refuse(lines.noFirstAttribute);
+    if (!IsActionAttribute(*action)) return Refuse(lines.firstIsNotAction);
+    const TiXmlAttribute* result = action->Next();
+    if (result == nullptr) return Refuse(lines.noResult);
+    if (std::strcmp(result->Value(), "1") != 0) return Refuse(lines.resultIsNotOne);
+    return kAccepted;
+}
+
+}  // namespace
+
+std::string QueryText(std::string_view section) {
+    std::string text = "<VariCfgSec Action=\"DEVICE_QUERY\"><";
+    text += section;
+    text += "></VariCfgSec>";
+    return text;
+}
+
+int QueryReply::Check(const char* replyText) {
+    section_ = nullptr;
+    const TiXmlElement* root = ParseFresh(document_, replyText) ? document_.FirstChildElement("VariCfgSec") : nullptr;
+    if (root == nullptr) return Refuse("CDlgCfgBase::GetParaValue, xmlDoc.FirstChildElement[VariCfgSec] failed.\n");
+    const TiXmlAttribute* action = root->FirstAttribute();
+    if (action == nullptr) return Refuse("CDlgCfgBase::GetParaCmdType, get first pAttribute failed.\n");
+    if (!IsActionAttribute(*action)) {
+        return Refuse("CDlgCfgBase::GetParaCmdType, first attribute name is not Action.\n");
+    }
+    const TiXmlElement* section = root->FirstChildElement();
+    if (section == nullptr) return Refuse("CNetCtrl::GetParaValue,  get paraElement failed.\n");
+    section_ = section;
+    return kAccepted;
+}
+
+int CheckSettingReply(const char* replyText) {
+    static constexpr ResultLines kLines = {
+        "CConfig_Task::ParseResponseMsgResult, get first pAttribute failed.\n",
+        "CConfig_Task::ParseResponseMsgResult, first attribute name is not Action.\n",
+        "CConfig_Task::ParseResponseMsgResult, get Result pAttribute failed.\n",
+        "CConfig_Task::ParseResponseMsgResult, Result is not 1.\n",
+    };
+    TiXmlDocument document;
+    const TiXmlElement* root = ParseFresh(document, replyText) ? document.FirstChildElement("VariCfgSec") : nullptr;
+    if (root == nullptr) return Refuse("CConfig_Task::ParseResponseMsgResult, xmlDoc.FirstChildElement failed.\n");
+    return CheckActionAndResult(*root, kLines);
+}
+
+int CheckPlatformReply(const char* replyText) {
+    static constexpr ResultLines kLines = {
+        "CConfig_Task::ParseResponseKOVMsgResult, get first pAttribute failed.\n",
+        "CConfig_Task::ParseResponseKOVMsgResult, first attribute name is not Action.\n",
+        "CConfig_Task::ParseResponseKOVMsgResult, get Result pAttribute failed.\n",
+        "CConfig_Task::ParseResponseKOVMsgResult, Result is not 1.\n",
+    };
+    static constexpr char kNoElement[] = "CConfig_Task::ParseResponseKOVMsgResult, xmlDoc.FirstChildElement failed.\n";
+    TiXmlDocument document;
+    const TiXmlElement* outer = ParseFresh(document, replyText) ? document.FirstChildElement() : nullptr;
+    if (outer == nullptr) return Refuse(kNoElement);
+    const TiXmlElement* inner = outer->FirstChildElement();
+    if (inner == nullptr) return Refuse(kNoElement);
+    return CheckActionAndResult(*inner, kLines);
+}
+
+}  // namespace varcfg
