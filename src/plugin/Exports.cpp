@@ -1,0 +1,77 @@
+// The twelve functions the host calls. Names and results are the host's contract; see
+// include/varcfg/host_api.h for the calling order.
+#include <windows.h>
+#include <shlobj.h>
+
+#include <string>
+
+#include "plugin/AnsiText.h"
+#include "plugin/HostBridge.h"
+#include "plugin/LibvarcfgApp.h"
+#include "plugin/TraceFile.h"
+#include "ui/Language.h"
+#include "ui/Platform.h"
+#include "varcfg/host_api.h"
+
+namespace {
+
+// The application object exists from the module's start: it installs the platform access that the
+// language table and the paths use.
+CLibvarcfgApp& g_app = TheApp();
+
+// The log lives with the host's per-user settings: <roaming app data>\<host name>\Log\.
+std::wstring LogFolder() {
+    const std::wstring folder = varcfg::HostUserFolder() + L"Log\\";
+    SHCreateDirectoryExW(nullptr, folder.c_str(), nullptr);
+    return folder;
+}
+
+bool IsKeyboardMessage(UINT message) { return message >= WM_KEYFIRST && message <= WM_UNICHAR; }
+
+}  // namespace
+
+extern "C" {
+
+int32_t MDVR_IsEnableDll(uint32_t kind, int32_t version) { return varcfg::IsEnableDll(kind, version); }
+
+void MDVR_SetConfigFunction(MDVR_DeviceRequestFn onRequest, MDVR_ConfigFileFn onConfigFile, void* context) {
+    varcfg::SetConfigFunction(onRequest, onConfigFile, context);
+}
+
+int32_t MDVR_SetLangPath(const char* languageFile) {
+    const bool firstUse = CTraceFile2::Existing() == nullptr;
+    CTraceFile2& log = CTraceFile2::Instance();
+    if (firstUse) log.SetFolder(LogFolder());
+    log.SetLogName("libvarcfg");
+
+    const std::string path = languageFile != nullptr ? languageFile : "";
+    const int switched = CLanguage::Instance().SetLanguagePath(varcfg::FromAnsi(path));
+    log.Write("language file %s%s", path.c_str(), switched ? "" : " (kept the current one)");
+    return 1;
+}
+
+int32_t MDVR_SetDevType(uint32_t deviceType) { return varcfg::SetDevType(deviceType); }
+
+int32_t MDVR_SetDevChannelNum(int32_t channelCount) { return varcfg::SetDevChannelNum(channelCount); }
+
+int32_t MDVR_DisplayConfig(HWND parent, void*) {
+    g_app.CreatePanel(parent);
+    return 0;
+}
+
+int32_t MDVR_GetDisplayWidth(void) { return MDVR_DISPLAY_WIDTH; }
+
+int32_t MDVR_GetDisplayHeight(void) { return MDVR_DISPLAY_HEIGHT; }
+
+int32_t MDVR_DllPreTranslateMessage(MSG* message) {
+    // Keys other than Tab belong to the host; Tab moves the focus inside the panel.
+    if (message != nullptr && IsKeyboardMessage(message->message) && message->wParam != VK_TAB) return 0;
+    return g_app.PreTranslateMessage(message);
+}
+
+// Exported under both MDVR_ActivePage and MDVR_SaveLocalCfgFile (see the .def file).
+int32_t MDVR_ActivePage(void*) { return 1; }
+
+int32_t MDVR_IsLoadConfigFile(void) { return 0; }
+
+}  // extern "C"
