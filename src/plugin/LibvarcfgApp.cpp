@@ -2,25 +2,10 @@
 
 #include <commctrl.h>
 
-#include "res/resource.h"
+#include "shell/CDlgParam.h"
 #include "ui/Language.h"
+#include "ui/win/ModuleState.h"
 #include "ui/win/WinPlatform.h"
-
-namespace {
-
-INT_PTR CALLBACK PanelProc(HWND window, UINT message, WPARAM, LPARAM) {
-    switch (message) {
-    case WM_INITDIALOG:
-        return TRUE;
-    case WM_DESTROY:
-        TheApp().OnPanelDestroyed(window);
-        return FALSE;
-    default:
-        return FALSE;
-    }
-}
-
-}  // namespace
 
 CLibvarcfgApp::CLibvarcfgApp() {
     varcfg::InstallPlatform(&varcfg::WindowsPlatform());
@@ -29,36 +14,18 @@ CLibvarcfgApp::CLibvarcfgApp() {
     CLanguage::Instance();
 }
 
-HINSTANCE CLibvarcfgApp::ModuleInstance() {
-    HMODULE module = nullptr;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
-                       reinterpret_cast<LPCWSTR>(&CLibvarcfgApp::ModuleInstance), &module);
-    return module;
-}
-
 HWND CLibvarcfgApp::CreatePanel(HWND parent) {
+    varcfg::ModuleState moduleState;
     INITCOMMONCONTROLSEX controls{sizeof controls, ICC_WIN95_CLASSES | ICC_DATE_CLASSES | ICC_INTERNET_CLASSES};
     InitCommonControlsEx(&controls);
-
-    HWND panel = CreateDialogParamW(ModuleInstance(), MAKEINTRESOURCEW(IDD_PANEL), parent, PanelProc, 0);
-    if (panel == nullptr) return nullptr;
-    panels_.insert(panel);
-    RECT client{};
-    GetClientRect(parent, &client);
-    MoveWindow(panel, 0, 0, client.right - client.left, client.bottom - client.top, TRUE);
-    ShowWindow(panel, SW_SHOW);
-    return panel;
+    CDlgParam* panel = CDlgParam::CreateIn(parent);
+    return panel != nullptr ? panel->Hwnd() : nullptr;
 }
 
 BOOL CLibvarcfgApp::PreTranslateMessage(MSG* message) {
-    if (message == nullptr) return FALSE;
-    for (HWND window = message->hwnd; window != nullptr; window = GetParent(window)) {
-        if (panels_.count(window) != 0) return IsDialogMessageW(window, message);
-    }
-    return FALSE;
+    varcfg::ModuleState moduleState;
+    return varcfg::Dialog::PreTranslateChain(message);
 }
-
-void CLibvarcfgApp::OnPanelDestroyed(HWND panel) { panels_.erase(panel); }
 
 CLibvarcfgApp& TheApp() {
     static CLibvarcfgApp app;

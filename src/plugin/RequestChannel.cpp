@@ -50,6 +50,27 @@ bool ExchangeWith(std::string_view request, RequestForm form, std::string& reply
 
 }  // namespace
 
+void SendTestGetParameters() {
+    HostBridge& host = Host();
+    if (host.onRequest == nullptr) return;
+    auto pair = std::make_unique<RecordPair<MDVR_MsgRecord>>();
+    host.onRequest(MDVR_REQUEST_GET_ALL, &pair->reply, &pair->request, host.context);
+}
+
+void SendTestSetParameters() {
+    HostBridge& host = Host();
+    if (host.onRequest == nullptr) return;
+    auto pair = std::make_unique<RecordPair<MDVR_MsgRecord>>();
+    pair->request.length = 100;
+    for (int i = 0; i < 100; ++i) pair->request.data[i] = static_cast<char>(i);
+    host.onRequest(MDVR_REQUEST_EXCHANGE, &pair->request, &pair->reply, host.context);
+}
+
+int32_t CallConfigFile(int32_t mode, const char* path) {
+    HostBridge& host = Host();
+    return host.onConfigFile != nullptr ? host.onConfigFile(mode, path, host.context) : 0;
+}
+
 bool Exchange(std::string_view request, RequestForm form, std::string& reply, RecordSize size) {
     return size == RecordSize::Large ? ExchangeWith<MDVR_LargeMsgRecord>(request, form, reply)
                                      : ExchangeWith<MDVR_MsgRecord>(request, form, reply);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -26,5 +27,19 @@ enum class RecordSize { Standard, Large };
 // record's text up to its terminator, and never beyond the record's end.
 bool Exchange(std::string_view request, RequestForm form, std::string& reply,
               RecordSize size = RecordSize::Standard);
+
+}  // namespace varcfg
+
+namespace varcfg {
+
+// The container's hidden test buttons. Get: mode 1 with both records zeroed, the second record of the
+// pair passed as the request. Set: mode 0 with the request's length 100 and bytes 0, 1, ... 99.
+// Their results are not looked at.
+void SendTestGetParameters();
+void SendTestSetParameters();
+
+// Asks the host to import (mode 1) or export (mode 0) the recorder's whole configuration to path;
+// the host's result is passed back (0 without a callback).
+int32_t CallConfigFile(int32_t mode, const char* path);
 
 }  // namespace varcfg

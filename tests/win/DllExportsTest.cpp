@@ -8,6 +8,7 @@
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <vector>
 
 #include "varcfg/host_api.h"
 
@@ -18,9 +19,27 @@ Fn Export(HMODULE dll, const char* name) {
     return reinterpret_cast<Fn>(reinterpret_cast<void*>(GetProcAddress(dll, name)));
 }
 
+// The host's side of the recorder: answers the version query, counts what it was asked.
+struct HostRecorder {
+    std::vector<std::string> requests;
+};
+HostRecorder g_recorder;
+
+int32_t AnswerVersion(int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) {
+    static_cast<HostRecorder*>(context)->requests.push_back(request->data);
+    const char answer[] =
+        R"(<VariCfgSec Action="DEVICE_QUERY"><stVersion Model="MR4-A1" strAppVer="5.4.1" /></VariCfgSec>)";
+    std::memcpy(reply->data, answer, sizeof answer);
+    return mode == MDVR_REQUEST_EXCHANGE ? 1 : 0;
+}
+
 class Dll : public ::testing::Test {
 protected:
-    static void SetUpTestSuite() { module_ = LoadLibraryW(L"libvarcfg_18.dll"); }
+    static void SetUpTestSuite() {
+        module_ = LoadLibraryW(L"libvarcfg_18.dll");
+        // As a host must: the callbacks before any panel.
+        if (module_ != nullptr) Export<MDVR_SetConfigFunctionFn>(module_, "MDVR_SetConfigFunction")(AnswerVersion, nullptr, &g_recorder);
+    }
     static void TearDownTestSuite() { FreeLibrary(module_); }
     void SetUp() override { ASSERT_NE(module_, nullptr) << "libvarcfg_18.dll not found beside the test"; }
 
@@ -95,8 +114,13 @@ TEST_F(Dll, DisplayConfigCoversTheParentAndDiesWithIt) {
     auto display = Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig");
     HWND host = CreateHostWindow();
     ASSERT_NE(host, nullptr);
+    g_recorder.requests.clear();
     EXPECT_EQ(display(host, nullptr), 0);
+    // A new panel asks the recorder for its version once, through the host's callback.
+    const std::string versionQuery = "<VariCfgSec Action=\"DEVICE_QUERY\"><stVersion /></VariCfgSec>";
+    EXPECT_EQ(g_recorder.requests, std::vector<std::string>{versionQuery});
     EXPECT_EQ(display(host, nullptr), 0);  // each call adds a further panel
+    EXPECT_EQ(g_recorder.requests, (std::vector<std::string>{versionQuery, versionQuery}));
 
     RECT client{};
     GetClientRect(host, &client);

@@ -1,0 +1,10 @@
+// CDlgTabAlarmCfgBase: recording around an alarm: pre-record and record time, record type (stRecord).
+#pragma once
+
+#include "res/resource.h"
+#include "shell/CfgBase.h"
+
+class CDlgTabAlarmCfgBase : public CDlgCfgBase {
+public:
+    CDlgTabAlarmCfgBase() : CDlgCfgBase(IDD_ALARM_BASE) {}
+};

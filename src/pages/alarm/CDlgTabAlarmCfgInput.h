@@ -1,0 +1,10 @@
+// CDlgTabAlarmCfgInput: the alarm inputs, four per page: enable, level, function (stAlarmIn).
+#pragma once
+
+#include "res/resource.h"
+#include "shell/CfgBase.h"
+
+class CDlgTabAlarmCfgInput : public CDlgCfgBase {
+public:
+    CDlgTabAlarmCfgInput() : CDlgCfgBase(IDD_ALARM_INPUT) {}
+};

@@ -1,0 +1,10 @@
+// CDlgTabAlarmCfgOutput: the alarm outputs' level and function (stAlarmLinkage).
+#pragma once
+
+#include "res/resource.h"
+#include "shell/CfgBase.h"
+
+class CDlgTabAlarmCfgOutput : public CDlgCfgBase {
+public:
+    CDlgTabAlarmCfgOutput() : CDlgCfgBase(IDD_ALARM_OUTPUT) {}
+};

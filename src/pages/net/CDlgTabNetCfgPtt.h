@@ -1,0 +1,10 @@
+// CDlgTabNetCfgPtt: push-to-talk: switch, talk group and dispatch centre (stPtt, stPttDcn).
+#pragma once
+
+#include "res/resource.h"
+#include "shell/CfgBase.h"
+
+class CDlgTabNetCfgPtt : public CDlgCfgBase {
+public:
+    CDlgTabNetCfgPtt() : CDlgCfgBase(IDD_NET_PTT) {}
+};

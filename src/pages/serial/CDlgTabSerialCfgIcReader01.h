@@ -1,0 +1,10 @@
+// CDlgTabSerialCfgIcReader01: the IC card reader on a serial port (stIcReader01).
+#pragma once
+
+#include "res/resource.h"
+#include "shell/CfgBase.h"
+
+class CDlgTabSerialCfgIcReader01 : public CDlgCfgBase {
+public:
+    CDlgTabSerialCfgIcReader01() : CDlgCfgBase(IDD_SERIAL_IC_READER) {}
+};
