@@ -15,10 +15,17 @@ int Refuse(const char* line) {
 }
 
 // Parses into document, which is cleared first. False when TinyXML reports a fault.
+// Replies are 8-bit text in the system's code page, so they are read as such whatever their declaration
+// says: read as UTF-8, a text cut inside a multi-byte sequence would make TinyXML read past its end,
+// and a code-page byte before a closing quote would swallow the quote. A leading UTF-8 byte-order mark
+// is skipped.
 bool ParseFresh(TiXmlDocument& document, const char* text) {
+    static constexpr char kByteOrderMark[] = "\xEF\xBB\xBF";
     document.Clear();
     document.ClearError();
-    document.Parse(text != nullptr ? text : "");
+    if (text == nullptr) text = "";
+    if (std::strncmp(text, kByteOrderMark, 3) == 0) text += 3;
+    document.Parse(text, nullptr, TIXML_ENCODING_LEGACY);
     return !document.Error();
 }
 

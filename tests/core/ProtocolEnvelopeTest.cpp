@@ -42,6 +42,10 @@ TEST(ReplyChecks, AcceptSilently) {
         {CheckSettingReply, R"(<Other/><VariCfgSec Action="DEVICE_TIME" Status="1" Result="0"/>)"},
         {CheckPlatformReply, R"(<Parameter><NETWORK_SET Action="set" Result="1"/></Parameter>)"},
         {CheckPlatformReply, R"(<A><B Action="x" Other="1"/><C/></A>)"},
+        // Replies are code-page text whatever they declare; a byte-order mark is skipped.
+        {CheckQuery, "<?xml version=\"1.0\" encoding=\"UTF-8\"?><VariCfgSec Action=\"q\"><stCarInfo "
+                     "strFD_LicensePlate=\"\xBE\xA9\xE0\"/></VariCfgSec>"},
+        {CheckSettingReply, "\xEF\xBB\xBF<VariCfgSec Action=\"DEVICE_SET\" Result=\"1\"/>"},
     };
     for (const auto& c : accepted) {
         SCOPED_TRACE(c.reply);
