@@ -1,0 +1,555 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstddef>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <tinyxml.h>
+
+#include "HostCallback.h"
+#include "SimulatedRecorder.h"
+#include "protocol/ConfigTask.h"
+#include "protocol/Envelope.h"
+#include "protocol/IpText.h"
+#include "protocol/ModelTable.h"
+
+using varcfg::sim::Faults;
+using varcfg::sim::SimulatedRecorder;
+
+namespace {
+
+// Eight channels, six alarm inputs, two alarm outputs, three serial ports.
+constexpr char kLargeModel[] = "MR8-Q2";
+
+std::string QueryText(const std::string& section, int startChannel = -1) {
+    if (startChannel < 0) return varcfg::QueryText(section);
+    return "<VariCfgSec Action=\"DEVICE_QUERY\"><" + section + " StartChn=\"" + std::to_string(startChannel) +
+           "\"></VariCfgSec>";
+}
+
+struct PageSetting {
+    const char* what;
+    std::string request;
+};
+
+// The setting requests of every page, formatted as the pages format them, deliberate faults included.
+const std::vector<PageSetting>& PageSettings() {
+    static const std::vector<PageSetting> settings = {
+        {"network mode", R"(<VariCfgSec Action="DEVICE_SET"><stNetWorkMode ucFD_NetType="1" usFD_GPSInterval="15" /></VariCfgSec>)"},
+        {"808 link", R"(<VariCfgSec Action="DEVICE_SET"><stNetWorkMode ucFD_EnableHR808="1" /></VariCfgSec>)"},
+        {"local ethernet", R"(<VariCfgSec Action="DEVICE_SET"><stLocalEth0 ucFD_DhcpEnableFlag="0" uiFD_LocalIp="10.0.0.5" uiFD_NetMask="255.255.0.0" uiFD_GateWay="10.0.0.1" strFD_Mac="00:11:22:33:44:55" /></VariCfgSec>)"},
+        {"mobile network", R"(<VariCfgSec Action="DEVICE_SET"><stMobileGNet ucFD_NetType="2" strFD_Apn="cmnet" strFD_PhoneNo="*99***1#" strFD_UserName="card" strFD_UserPasswd="card" /></VariCfgSec>)"},
+        {"wifi client", R"(<VariCfgSec Action="DEVICE_SET"><stWifi ucFD_WorkMode="1" strFD_SSID="depot" strFD_Passwd="secret12" ucFD_AuthMode="2" ucFD_CryptType="1" ucFD_DhcpEnableFlag="1" uiFD_IP="192.168.10.7" uiFD_NetMask="255.255.255.0" uiFD_GateWay="192.168.10.1" /></VariCfgSec>)"},
+        {"wifi access point mode", R"(<VariCfgSec Action="DEVICE_SET"><stWifi ucFD_WorkMode="2" /></VariCfgSec>)"},
+        {"wifi access point", R"(<VariCfgSec Action="DEVICE_SET"><stWifiAp strFD_SSID="bus-17" strFD_Passwd="" ucFD_AuthMode="100" ucFD_CryptType="-1" /> /></VariCfgSec>)"},
+        {"centre server", R"(<Parameter><NETWORK_SET Action="set" DevIDNO="BUS0017"  CenterIP_0="fleet.example.com" ContrlPort_0="7000" /></Parameter>)"},
+        {"808 vehicle", R"(<VariCfgSec Action="DEVICE_SET"><stCarInfo strFD_Phonenumber="013800138000" strFD_ProvincialId="44" strFD_CityDomainId="300" strFD_CarColors="2" strFD_TerminalID="T1234567" strFD_CarVIN="LSVAU2180N2183294" strFD_TerminalType="MR8" strFD_DeviceNum="D0001" strFD_CarType="bus" strFD_FacturerID="70001" strFD_DrivingLicense="DL-42" /></VariCfgSec>)"},
+        {"808 server 1", R"(<VariCfgSec Action="DEVICE_SET"><st808CMS1 ucFD_AddressType="0" uiFD_IP="203.0.113.5" strFD_Domain="" usFD_Port="7611" /></VariCfgSec>)"},
+        {"808 server 2", R"(<VariCfgSec Action="DEVICE_SET"><st808CMS2 ucFD_AddressType="1" uiFD_IP="0.0.0.0" strFD_Domain="jt808.example.com" usFD_Port="7612" /></VariCfgSec>)"},
+        {"ptt", R"(<VariCfgSec Action="DEVICE_SET"><stPtt ucFD_Enable="1" usFD_GroupNo="12" /></VariCfgSec>)"},
+        {"ptt centre", R"(<VariCfgSec Action="DEVICE_SET"><stPttDcn ucFD_AddressType="0" uiFD_IP="198.51.100.9" usFD_Port="5060" /></VariCfgSec>)"},
+        // The mode 4X1080P (0xFFFF2222) arrives through %d as a negative number.
+        {"main stream pair", R"(<VariCfgSec Action="DEVICE_SET"><stMainStream ucFD_VideoMode="1" uiFD_VideoFmt="-56798" ucFD_VEncFormat="1" StartChn="2"><stVideoPara><VChn_2 ucFD_Resolution="5" ucFD_FrameRate="30" uiFD_BitRate="2048" uiFD_DisableAudio="1" uiFD_DisableVideo="0" /><VChn_3 ucFD_Resolution="6" ucFD_FrameRate="15" uiFD_BitRate="8192" uiFD_DisableAudio="0" uiFD_DisableVideo="1" /></stVideoPara></stMainStream></VariCfgSec>)"},
+        {"camera types", R"(<VariCfgSec Action="DEVICE_SET"><stMainStream uiFD_VideoFmt="34"></stMainStream></VariCfgSec>)"},
+        {"sub stream", R"(<VariCfgSec Action="DEVICE_SET"><stSubStream ucFD_EncodeMode="3" ucFD_Resolution="2" ucFD_Quality="2" ucFD_FrameRate="25" uiFD_BitRate="1024" /></VariCfgSec>)"},
+        {"osd", R"(<VariCfgSec Action="DEVICE_SET"><stOSD ucFD_DeviceNoEnable="0" ucFD_ChnNameEnable="0" ucFD_TimeEnable="1" ucFD_GPSEnable="0" ucFD_LPlateEnable="0" ucFD_SpeedEnable="1" ucFD_TempEnable="1" ucFD_IOEnable="1" ucFD_GSensorEnable="1" /></VariCfgSec>)"},
+        {"mirror", R"(<VariCfgSec Action="DEVICE_SET"><stVideoMirror><stVideoMirrorPara><VChn_0 ucFD_LeftRight="1" ucFD_UpDown="0" /><VChn_1 ucFD_LeftRight="0" ucFD_UpDown="1" /><VChn_2 ucFD_LeftRight="0" ucFD_UpDown="0" /><VChn_3 ucFD_LeftRight="0" ucFD_UpDown="0" /><VChn_4 ucFD_LeftRight="0" ucFD_UpDown="0" /><VChn_5 ucFD_LeftRight="0" ucFD_UpDown="0" /><VChn_6 ucFD_LeftRight="0" ucFD_UpDown="0" /><VChn_7 ucFD_LeftRight="1" ucFD_UpDown="1" /></stVideoMirrorPara></VariCfgSec>)"},
+        {"alarm record", R"(<VariCfgSec Action="DEVICE_SET"><stRecord uiFD_PreRecordTime="60" uiFD_AlarmRecordTime="5" ucFD_AlarmRecordType="1"><VariCfgSec>)"},
+        {"alarm inputs", R"(<VariCfgSec Action="DEVICE_SET"><stAlarmIn StartChn="4"><stAlarmInIO><AlarmIO_4 ucIOEnable="1" ucIOLevel="1" ucIOFunc="25" /><AlarmIO_5 ucIOEnable="0" ucIOLevel="0" ucIOFunc="3" /></stAlarmInIO></stAlarmIn></VariCfgSec>)"},
+        {"alarm outputs", R"(<VariCfgSec Action="DEVICE_SET"><stAlarmLinkage StartChn="0"><stAlarmLinkageItem><AlarmLinkageItem_0><stAlarmOutIO ucIOEnable="1" ucIOLevel="1" ucIOFunc="6"></stAlarmOutIO></AlarmLinkageItem_0><AlarmLinkageItem_1><stAlarmOutIO ucIOEnable="1" ucIOLevel="0" ucIOFunc="2"></stAlarmOutIO></AlarmLinkageItem_1></stAlarmLinkageItem></stAlarmLinkage></VariCfgSec>)"},
+        {"alarm linkage", R"(<VariCfgSec Action="DEVICE_SET"><stAlarmLinkage StartChn="30"><stAlarmLinkageItem><AlarmLinkageItem_30 usAlarmRecordCh="5" usAlarmSendCh="1" usAlarmSnapCh="773"  usViewChnNo="8" ucViewChnNo="8"></AlarmLinkageItem_30><AlarmLinkageItem_31 usAlarmRecordCh="0" usAlarmSendCh="0" usAlarmSnapCh="0"  usViewChnNo="0" ucViewChnNo="0"></AlarmLinkageItem_31></stAlarmLinkageItem></stAlarmLinkage></VariCfgSec>)"},
+        {"motion detection", R"(<VariCfgSec Action="DEVICE_SET"><stVda StartChn="3"><stVdaPara><VChn_3 ucFD_Enable="1" ucFD_Wday1="62" uiStartT1="28800" uiEndT1="64800" ucFD_Wday2="0" uiStartT2="0" uiEndT2="0" ucFD_Wday3="1" uiStartT3="0" uiEndT3="82800" ucFD_Percent="2" uiFD_Mask="1023,1023,1,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,"></VChn_3></stVdaPara></stVda></VariCfgSec>)"},
+        {"g-sensor", R"(<VariCfgSec Action="DEVICE_SET"><stGSensor ucFD_AlarmEnable="1" fFD_RAccel="0.250000" fFD_RDecel="0.500000" fFD_Crash="2.000000" fFD_Swerve="0.400000" fFD_TrunOver="60.000000" fFD_X="-0.125000" fFD_XLimit="1.000000" fFD_Y="0.000000" fFD_YLimit="1.000000" fFD_Z="0.980000" fFD_ZLimit="1.500000" /><VariCfgSec>)"},
+        {"recalibrate", R"(<VariCfgSec Action="DEVICE_SET"><stGSensor ReCalibrate="1"/><VariCfgSec>)"},
+        {"serial port", R"(<VariCfgSec Action="DEVICE_SET"><stSerial StartChn="2"><stSerialChnPara><SerialChn_2 ucFD_DataMode="43" uiBaudRate="115200" ucDataBit="7"  ucStopBit="2" ucParity="o"></SerialChn_2><stSerialChnPara></stAlarmLinkage></VariCfgSec>)"},
+        {"ptz", R"(<VariCfgSec Action="DEVICE_SET"><stChnPtz StartChn="1"><stChnPtzPara><VChn_0 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="0"></VChn_0><VChn_1 usPtzAddress="5" ucPtzProtocol="0" ucSerialIndex="1"></VChn_1><VChn_2 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="2"></VChn_2><VChn_3 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="3"></VChn_3><VChn_4 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="4"></VChn_4><VChn_5 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="5"></VChn_5><VChn_6 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="6"></VChn_6><VChn_7 usPtzAddress="1" ucPtzProtocol="1" ucSerialIndex="7"></VChn_7><stChnPtzPara></stChnPtz></VariCfgSec>)"},
+        {"time zone", "<VariCfgSec Action=\"DEVICE_SET\"><stBaseInfo ucFD_TimeZone=\"20\" ucFD_TZAdjust=\"30\" ucFD_GpsSTFlag=\"0\"  "
+         "\t\t\tucFD_DstEnable=\"1\" usFD_DstAdjust=\"4\" ucFD_DstFromMon=\"2\" ucFD_DstFromDay=\"4\" ucFD_DstToMon=\"9\" "
+         "\t\t\tucFD_DstToDay=\"4\" /></VariCfgSec>"},
+        {"power", R"(<VariCfgSec Action="DEVICE_SET"><stPower ucPOnDelayEnable="1" usPOffDelayTime="65535" /></VariCfgSec>)"},
+        {"format disk", R"(<VariCfgSec Action="DEVICE_FORMAT"><stDisk DiskNo="3"></VariCfgSec>)"},
+        {"clock", R"(<VariCfgSec Action="DEVICE_TIME"><stTime strTime="2024-02-29 23:59:58"></VariCfgSec>)"},
+        {"speed alarms", R"(<VariCfgSec Action="DEVICE_SET"><stSpeedAlarm ucFD_LowSpeedIsEnable="1" ucFD_LowSpeedUnit="1" usFD_LowSpeed="20" usFD_ClearLowSpeed="25" usFD_LowDurTime="30" ucFD_OverSpeedIsEnable="1" ucFD_OverSpeedUnit="2" usFD_OverSpeed="200" usFD_ClearOverSpeed="180" usFD_OverDurTime="5" ucFD_PeakingIsEnable="1" ucFD_TimeUnit="0" uiFD_OverTime="3600" usFD_OverTime="3600" ucFD_FatigueEnable="1" usFD_DrivingTime="30" usFD_RestTime="15" /></VariCfgSec>)"},
+        // A plate in the ANSI code page, with characters a reply must escape; the panel sends them raw.
+        {"licence plate", "<VariCfgSec Action=\"DEVICE_SET\"><stCarInfo strFD_LicensePlate=\"\xD4\xC1" "B-12<3>&\" /></VariCfgSec>"},
+        {"passwords", R"(<VariCfgSec Action="DEVICE_SET"><stUserSec ucFD_PWEnableFlag="1" strFD_NormalPasswd="123456" strFD_AdminPasswd="654321"></VariCfgSec>)"},
+    };
+    return settings;
+}
+
+const std::string& Setting(std::string_view what) {
+    for (const PageSetting& setting : PageSettings()) {
+        if (setting.what == what) return setting.request;
+    }
+    throw std::invalid_argument("no page setting " + std::string(what));
+}
+
+// Whether the panel's own reply check takes the reply; its refusal lines are not shown.
+bool Accepted(const std::optional<std::string>& reply, bool platformMessage) {
+    if (!reply) return false;
+    testing::internal::CaptureStdout();
+    const int result = platformMessage ? varcfg::CheckPlatformReply(*reply) : varcfg::CheckSettingReply(*reply);
+    testing::internal::GetCapturedStdout();
+    return result == 0;
+}
+
+bool Set(SimulatedRecorder& recorder, const std::string& request) {
+    return Accepted(recorder.Handle(request), request.rfind("<Parameter>", 0) == 0);
+}
+
+// A query reply that has passed the panel's query check.
+class Section {
+public:
+    Section(SimulatedRecorder& recorder, const std::string& query) {
+        const std::optional<std::string> text = recorder.Handle(query);
+        testing::internal::CaptureStdout();
+        accepted_ = text && reply_.Check(*text) == 0;
+        testing::internal::GetCapturedStdout();
+    }
+
+    bool Accepted() const { return accepted_; }
+    const TiXmlElement* Element() const { return reply_.Section(); }
+
+    // The element reached by a path of element names below the section ("" for the section), or null.
+    const TiXmlElement* Find(const std::string& path) const {
+        const TiXmlElement* element = Element();
+        for (std::size_t from = 0; element != nullptr && from < path.size();) {
+            const std::size_t slash = std::min(path.find('/', from), path.size());
+            element = FindBelow(element, path.substr(from, slash - from));
+            from = slash + 1;
+        }
+        return element;
+    }
+
+    std::string Value(const std::string& path, const char* attribute) const {
+        const TiXmlElement* element = Find(path);
+        const char* value = element != nullptr ? element->Attribute(attribute) : nullptr;
+        return value != nullptr ? value : "<missing>";
+    }
+
+    // The names of the numbered children in the section's container.
+    std::vector<std::string> ChildNames() const {
+        std::vector<std::string> names;
+        const TiXmlElement* container = Element() != nullptr ? Element()->FirstChildElement() : nullptr;
+        for (const TiXmlElement* child = container != nullptr ? container->FirstChildElement() : nullptr;
+             child != nullptr; child = child->NextSiblingElement()) {
+            names.push_back(child->Value());
+        }
+        return names;
+    }
+
+private:
+    static const TiXmlElement* FindBelow(const TiXmlElement* element, const std::string& name) {
+        for (const TiXmlElement* child = element->FirstChildElement(); child; child = child->NextSiblingElement()) {
+            if (child->ValueStr() == name) return child;
+            if (const TiXmlElement* found = FindBelow(child, name)) return found;
+        }
+        return nullptr;
+    }
+
+    varcfg::QueryReply reply_;
+    bool accepted_ = false;
+};
+
+using Names = std::vector<std::string>;
+
+// A folder of its own for one test, removed afterwards.
+class TemporaryFolder {
+public:
+    TemporaryFolder()
+        : path_(std::filesystem::temp_directory_path() / ("mdvr-sim-test-" + std::to_string(std::random_device()()))) {
+        std::filesystem::create_directories(path_);
+    }
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    std::string File(const char* name) const { return (path_ / name).string(); }
+    Names Entries() const {
+        Names names;
+        for (const auto& entry : std::filesystem::directory_iterator(path_)) names.push_back(entry.path().filename().string());
+        return names;
+    }
+
+private:
+    std::filesystem::path path_;
+};
+
+std::string ReadFile(const std::string& path) {
+    std::ifstream in(path, std::ios::binary);
+    return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
+}
+
+}  // namespace
+
+TEST(SimulatedRecorder, AnswersEveryQueryThePanelSendsWithTheSectionAsked) {
+    SimulatedRecorder recorder(kLargeModel);
+    const struct {
+        const char* section;
+        int startChannel;
+    } queries[] = {
+        {"stNetWorkMode", -1}, {"stLocalEth0", -1}, {"stMobileGNet", -1}, {"stWifi", -1}, {"stBaseInfo", -1},
+        {"stCMS", -1}, {"stCarInfo", -1}, {"st808CMS1", -1}, {"st808CMS2", -1}, {"stPtt", -1}, {"stPttDcn", -1},
+        {"stMainStream", 0}, {"stMainStream", 6}, {"stSubStream", -1}, {"stOSD", -1}, {"stVideoMirror", -1},
+        {"stRecord", -1}, {"stAlarmIn", 0}, {"stAlarmIn", 4}, {"stAlarmLinkage", 0}, {"stAlarmLinkage", 27},
+        {"stVda", 7}, {"stGSensor", -1}, {"stSerial", -1}, {"stChnPtz", -1}, {"stPower", -1}, {"stSpeedAlarm", -1},
+        {"stUserSec", -1}, {"stLedDisplay", -1}, {"stIcReader01", -1}, {"stVersion", -1},
+    };
+    for (const auto& query : queries) {
+        SCOPED_TRACE(query.section);
+        const Section section(recorder, query.section == std::string("stVersion") ? varcfg::kVersionQueryText
+                                                                                    : QueryText(query.section, query.startChannel));
+        ASSERT_TRUE(section.Accepted());
+        EXPECT_STREQ(section.Element()->Value(), query.section);
+    }
+}
+
+TEST(SimulatedRecorder, AcceptsEverySettingThePanelSendsAndShowsItInLaterQueries) {
+    SimulatedRecorder recorder(kLargeModel);
+    for (const PageSetting& setting : PageSettings()) EXPECT_TRUE(Set(recorder, setting.request)) << setting.request;
+
+    const struct {
+        const char* section;
+        int startChannel;
+        const char* path;
+        const char* attribute;
+        const char* expected;
+    } kept[] = {
+        {"stWifi", -1, "", "ucFD_WorkMode", "2"},
+        {"stWifiAp", -1, "", "ucFD_CryptType", "255"},  // -1 for an open network, kept in one byte
+        {"stMainStream", 2, "", "uiFD_VideoFmt", "34"},
+        {"stMainStream", 2, "VChn_3", "uiFD_DisableVideo", "1"},
+        {"stMainStream", 0, "VChn_1", "ucFD_Resolution", "6"},
+        {"stVideoMirror", -1, "VChn_7", "ucFD_UpDown", "1"},
+        {"stRecord", -1, "", "uiFD_AlarmRecordTime", "5"},
+        {"stAlarmIn", 4, "AlarmIO_4", "ucIOFunc", "25"},
+        {"stAlarmLinkage", 0, "AlarmLinkageItem_0/stAlarmOutIO", "ucIOFunc", "6"},
+        {"stAlarmLinkage", 30, "AlarmLinkageItem_30", "usAlarmSnapCh", "773"},
+        {"stAlarmLinkage", 30, "AlarmLinkageItem_30", "usViewChnNo", "8"},
+        {"stVda", 3, "VChn_3", "uiFD_Mask", "1023,1023,1,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,"},
+        {"stGSensor", -1, "", "fFD_X", "-0.125000"},
+        {"stSerial", -1, "SerialChn_2", "ucParity", "111"},  // read back as a number, as the panel expects
+        {"stChnPtz", -1, "VChn_1", "usPtzAddress", "5"},
+        {"stBaseInfo", -1, "", "ucFD_DstToDay", "4"},
+        {"stBaseInfo", -1, "", "strFD_CurTime", "2024-02-29 23:59:58"},
+        {"stCarInfo", -1, "", "strFD_LicensePlate", "\xD4\xC1" "B-12<3>&"},
+        {"stUserSec", -1, "", "strFD_AdminPasswd", "654321"},
+    };
+    for (const auto& value : kept) {
+        SCOPED_TRACE(std::string(value.section) + " " + value.path + " " + value.attribute);
+        const Section section(recorder, QueryText(value.section, value.startChannel));
+        ASSERT_TRUE(section.Accepted());
+        EXPECT_EQ(section.Value(value.path, value.attribute), value.expected);
+    }
+}
+
+TEST(SimulatedRecorder, RepliesDecodeWithThePanelsOwnDecoders) {
+    SimulatedRecorder recorder(kLargeModel);
+    ASSERT_TRUE(Set(recorder, Setting("local ethernet")));
+    ASSERT_TRUE(Set(recorder, Setting("centre server")));  // with a domain name
+
+    const Section localEth(recorder, QueryText("stLocalEth0"));
+    varcfg::LocalEthRecord eth = {};
+    ASSERT_TRUE(localEth.Accepted() && CConfig_Task::Import_stLocalEth0(*localEth.Element(), eth));
+    EXPECT_EQ(varcfg::DottedIp(eth.localIp), "10.0.0.5");
+    EXPECT_STREQ(eth.mac, "00:11:22:33:44:55");
+
+    varcfg::ServerRecord server = {};
+    const Section byName(recorder, QueryText("stCMS"));
+    ASSERT_TRUE(byName.Accepted() && CConfig_Task::Import_stCMS(*byName.Element(), server));
+    EXPECT_EQ(server.addressType, 1);
+    EXPECT_STREQ(server.domain, "fleet.example.com");
+    EXPECT_EQ(server.port, 7000);
+    ASSERT_TRUE(Set(recorder, R"(<Parameter><NETWORK_SET Action="set" DevIDNO="BUS0018"  CenterIP_0="203.0.113.80" )"
+                              R"(ContrlPort_0="6608" /></Parameter>)"));
+    const Section byIp(recorder, QueryText("stCMS"));
+    ASSERT_TRUE(byIp.Accepted() && CConfig_Task::Import_stCMS(*byIp.Element(), server));
+    EXPECT_EQ(server.addressType, 0);
+    EXPECT_EQ(varcfg::DottedIp(server.ip), "203.0.113.80");
+
+    const Section baseInfo(recorder, QueryText("stBaseInfo"));
+    varcfg::BaseInfoRecord base = {};
+    ASSERT_TRUE(baseInfo.Accepted() && CConfig_Task::Import_stBaseInfo(*baseInfo.Element(), base));
+    EXPECT_STREQ(base.deviceNo, "BUS0018");
+}
+
+TEST(SimulatedRecorder, RefusesWhatARecorderCannotHoldAndKeepsItsSettings) {
+    SimulatedRecorder recorder(kLargeModel);
+    const char* refused[] = {
+        R"(<VariCfgSec Action="DEVICE_SET"><stNoSuchSection ucFD_Enable="1" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt ucFD_Enable="1" ucFD_Volume="3" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stNetWorkMode ucFD_NetType="256" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt usFD_GroupNo="65536" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPower uiAccOffStopRecCh="4294967296" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt usFD_GroupNo="-1" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt usFD_GroupNo="12a" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stCarInfo strFD_LicensePlate="ABCDEFGHIJKLMNOPQ" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stRecord uiFD_PreRecordTime="61"><VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stGSensor fFD_Crash="2.010000" /><VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stBaseInfo ucFD_TZAdjust="20" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stLocalEth0 uiFD_LocalIp="192.168.1.256" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stSerial StartChn="-1"><stSerialChnPara><SerialChn_-1 ucParity="n">)"
+        R"(</SerialChn_-1><stSerialChnPara></stAlarmLinkage></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stMainStream StartChn="8"><stVideoPara><VChn_8 ucFD_FrameRate="25" />)"
+        R"(</stVideoPara></stMainStream></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stAlarmLinkage StartChn="2"><stAlarmLinkageItem><AlarmLinkageItem_2>)"
+        R"(<stAlarmOutIO ucIOLevel="1"></stAlarmOutIO></AlarmLinkageItem_2></stAlarmLinkageItem></stAlarmLinkage></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stVersion Model="MR1-J1" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stBaseInfo strFD_CurTime="2024-01-01 00:00:00" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt ucFD_Enable="1" /><stPower ucPOnDelayEnable="1" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_DELETE"><stPtt ucFD_Enable="1" /></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_FORMAT"><stDisk DiskNo="4"></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_TIME"><stTime strTime="2023-02-29 10:00:00"></VariCfgSec>)",
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt ucFD_Enable="1" usFD_GroupNo="1"2" /></VariCfgSec>)",
+        // Valid values beside a refused one are not taken either.
+        R"(<VariCfgSec Action="DEVICE_SET"><stPtt usFD_GroupNo="30" ucFD_Enable="2" /></VariCfgSec>)",
+    };
+    for (const char* request : refused) {
+        SCOPED_TRACE(request);
+        const std::optional<std::string> reply = recorder.Handle(request);
+        ASSERT_TRUE(reply.has_value());
+        testing::internal::CaptureStdout();
+        EXPECT_EQ(varcfg::CheckSettingReply(*reply), -1);
+        EXPECT_EQ(testing::internal::GetCapturedStdout(), "CConfig_Task::ParseResponseMsgResult, Result is not 1.\n");
+    }
+    for (const char* request : {R"(<Parameter><NETWORK_SET Action="set" DevIDNO="1234" /></Parameter>)",
+                                R"(<Parameter><NETWORK_SET Action="set" CenterIP_0="" /></Parameter>)",
+                                R"(<Parameter><NETWORK_SET Action="set" DevIDNO="BUS0018" ContrlPort_0="70000" /></Parameter>)",
+                                R"(<Parameter><NETWORK_SET Action="get" /></Parameter>)"}) {
+        EXPECT_FALSE(Accepted(recorder.Handle(request), true)) << request;
+    }
+    for (const std::string& query : {QueryText("stNoSuchSection"), QueryText("stPower", 0), QueryText("stMainStream", 65536),
+                                     std::string(R"(<VariCfgSec Action="DEVICE_QUERY"><stPower><x/></VariCfgSec>)")}) {
+        EXPECT_FALSE(Section(recorder, query).Accepted()) << query;
+    }
+    EXPECT_EQ(Section(recorder, QueryText("stPtt")).Value("", "usFD_GroupNo"), "0");
+    EXPECT_EQ(Section(recorder, QueryText("stBaseInfo")).Value("", "strFD_DeviceNo"), "VR10001");
+}
+
+TEST(SimulatedRecorder, IsShapedByItsModel) {
+    SimulatedRecorder eightChannels("mr8-o1");  // model texts are matched without regard to case
+    Names channels;
+    for (int start = 0; start < 10; start += 2) {
+        const Names group = Section(eightChannels, QueryText("stMainStream", start)).ChildNames();
+        channels.insert(channels.end(), group.begin(), group.end());
+    }
+    EXPECT_EQ(channels, (Names{"VChn_0", "VChn_1", "VChn_2", "VChn_3", "VChn_4", "VChn_5", "VChn_6", "VChn_7"}));
+    const Section version(eightChannels, varcfg::kVersionQueryText);
+    varcfg::VersionRecord versionRecord = {};
+    ASSERT_TRUE(version.Accepted() && CConfig_Task::Import_stVersion(*version.Element(), versionRecord));
+    EXPECT_STREQ(versionRecord.model, "mr8-o1");
+    EXPECT_EQ(versionRecord.videoChannelCount, 8);
+
+    SimulatedRecorder sixInputs(kLargeModel);
+    EXPECT_EQ(Section(sixInputs, QueryText("stAlarmIn", 4)).ChildNames(), (Names{"AlarmIO_4", "AlarmIO_5"}));
+    EXPECT_EQ(Section(sixInputs, QueryText("stSerial")).ChildNames(), (Names{"SerialChn_0", "SerialChn_1", "SerialChn_2"}));
+
+    // Profile J: one channel, no alarm inputs, no alarm outputs, no serial ports.
+    SimulatedRecorder bare("MR1-J1");
+    const Section alarmIn(bare, QueryText("stAlarmIn", 0));
+    ASSERT_TRUE(alarmIn.Accepted());
+    EXPECT_TRUE(alarmIn.ChildNames().empty());
+    EXPECT_TRUE(Section(bare, QueryText("stSerial")).ChildNames().empty());
+    EXPECT_EQ(Section(bare, QueryText("stVideoMirror")).ChildNames(), Names{"VChn_0"});
+    EXPECT_EQ(Section(bare, QueryText("stAlarmLinkage", 0)).Find("stAlarmOutIO"), nullptr);
+    // Its alarm input page saves no rows; the mirror page always saves eight.
+    EXPECT_TRUE(Set(bare, R"(<VariCfgSec Action="DEVICE_SET"><stAlarmIn StartChn="0"><stAlarmInIO></stAlarmInIO>)"
+                          R"(</stAlarmIn></VariCfgSec>)"));
+    EXPECT_TRUE(Set(bare, Setting("mirror")));
+
+    SimulatedRecorder unknown("NOT-IN-TABLE");
+    EXPECT_EQ(Section(unknown, varcfg::kVersionQueryText).Value("", "iVideoChannelCnt"), "4");
+    EXPECT_TRUE(Section(unknown, QueryText("stAlarmIn", 0)).ChildNames().empty());
+}
+
+// Every value a recorder of any model shows can be written back as it stands: factory values keep
+// to the recorder's own rules, and replies and settings use the same forms.
+TEST(SimulatedRecorder, TakesBackEveryReplyOfEveryModel) {
+    const auto writeBack = [](SimulatedRecorder& recorder, const Section& section) {
+        TiXmlElement written(*section.Element());
+        written.RemoveAttribute("strFD_CurTime");  // the clock is set by DEVICE_TIME only
+        TiXmlPrinter printer;
+        printer.SetStreamPrinting();
+        written.Accept(&printer);
+        const std::string request = "<VariCfgSec Action=\"DEVICE_SET\">" + printer.Str() + "</VariCfgSec>";
+        EXPECT_TRUE(Set(recorder, request)) << request;
+    };
+    for (const auto& entry : varcfg::BuiltInModelTable().Entries()) {
+        SimulatedRecorder recorder(entry.text);
+        for (const std::string name :
+             {"stNetWorkMode", "stLocalEth0", "stMobileGNet", "stWifi", "stWifiAp", "stCMS", "st808CMS1", "st808CMS2",
+              "stPtt", "stPttDcn", "stCarInfo", "stUserSec", "stSubStream", "stOSD", "stRecord", "stGSensor",
+              "stLedDisplay", "stIcReader01", "stBaseInfo", "stPower", "stSpeedAlarm"}) {
+            SCOPED_TRACE(entry.text + " " + name);
+            const Section section(recorder, QueryText(name));
+            ASSERT_TRUE(section.Accepted());
+            writeBack(recorder, section);
+        }
+        for (const std::string name :
+             {"stMainStream", "stVideoMirror", "stAlarmIn", "stAlarmLinkage", "stVda", "stSerial", "stChnPtz"}) {
+            // Group by group, until a group comes back empty.
+            for (std::size_t start = 0, children = 1; children > 0; start += children) {
+                SCOPED_TRACE(entry.text + " " + name + " " + std::to_string(start));
+                const Section group(recorder, QueryText(name, static_cast<int>(start)));
+                ASSERT_TRUE(group.Accepted());
+                writeBack(recorder, group);
+                children = group.ChildNames().size();
+            }
+        }
+    }
+}
+
+TEST(SimulatedRecorder, KeepsItsSettingsInTheStateFile) {
+    const TemporaryFolder folder;
+    const std::string stateFile = folder.File("recorder.state");
+    {
+        SimulatedRecorder first(kLargeModel, stateFile);
+        ASSERT_TRUE(Set(first, Setting("ptt")));
+        ASSERT_TRUE(Set(first, Setting("alarm outputs")));  // inside linkage items
+        ASSERT_TRUE(Set(first, Setting("clock")));
+        EXPECT_EQ(first.StateFileProblem(), "");
+    }
+    EXPECT_EQ(folder.Entries(), Names{"recorder.state"});  // no temporary file left behind
+    const std::string saved = ReadFile(stateFile);
+
+    SimulatedRecorder second(kLargeModel, stateFile);
+    EXPECT_EQ(second.StateFileProblem(), "");
+    EXPECT_EQ(Section(second, QueryText("stPtt")).Value("", "usFD_GroupNo"), "12");
+    EXPECT_EQ(Section(second, QueryText("stAlarmLinkage", 0)).Value("AlarmLinkageItem_1/stAlarmOutIO", "ucIOFunc"), "2");
+    EXPECT_EQ(Section(second, QueryText("stBaseInfo")).Value("", "strFD_CurTime"), "2024-02-29 23:59:58");
+    ASSERT_FALSE(Set(second, R"(<VariCfgSec Action="DEVICE_SET"><stPtt usFD_GroupNo="65536" /></VariCfgSec>)"));
+    EXPECT_EQ(ReadFile(stateFile), saved);
+
+    // A file edited by hand: its good lines are taken, the others are counted and the first named.
+    std::ofstream(stateFile, std::ios::binary | std::ios::app)
+        << "stPtt usFD_GroupNo=77\r\nstPtt usFD_GroupNo=99999\nstVersion Model=MR1-J1\nnonsense\n";
+    SimulatedRecorder third(kLargeModel, stateFile);
+    EXPECT_EQ(Section(third, QueryText("stPtt")).Value("", "usFD_GroupNo"), "77");
+    EXPECT_EQ(Section(third, varcfg::kVersionQueryText).Value("", "Model"), kLargeModel);
+    const std::string firstBadLine = "line " + std::to_string(std::count(saved.begin(), saved.end(), '\n') + 2) + ":";
+    EXPECT_NE(third.StateFileProblem().find("3 line(s) not taken, " + firstBadLine), std::string::npos)
+        << third.StateFileProblem();
+
+    // A setting that cannot be saved is not taken.
+    SimulatedRecorder unsaved(kLargeModel, folder.File("no-such-folder/recorder.state"));
+    EXPECT_FALSE(Set(unsaved, Setting("ptt")));
+    EXPECT_NE(unsaved.StateFileProblem(), "");
+    EXPECT_EQ(Section(unsaved, QueryText("stPtt")).Value("", "usFD_GroupNo"), "0");
+}
+
+TEST(SimulatedRecorder, ShowsTheFaultsItIsGiven) {
+    SimulatedRecorder recorder(kLargeModel);
+    MDVR_MsgRecord records[2] = {};
+    const auto exchange = [&](const std::string& text) {
+        std::memset(records, 0, sizeof records);
+        std::memcpy(records[0].data, text.data(), text.size());
+        std::memset(records[1].data, 'x', sizeof records[1].data);
+        return varcfg::sim::AnswerHostRequest(0, &records[0], &records[1], &recorder);
+    };
+    Faults faults;
+    faults.lostRequestAt = 2;
+    faults.garbledReplyAt = 3;
+    recorder.SetFaults(faults);
+    EXPECT_EQ(exchange(QueryText("stPtt")), 1);
+    EXPECT_EQ(exchange(Setting("ptt")), 0);  // lost
+    EXPECT_EQ(records[1].data[0], 'x');      // and the reply record untouched
+    ASSERT_EQ(exchange(Setting("ptt")), 1);  // garbled
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(varcfg::CheckSettingReply(records[1].data), -1);
+    EXPECT_EQ(varcfg::CheckPlatformReply(records[1].data), -1);
+    EXPECT_EQ(varcfg::QueryReply().Check(records[1].data), -1);
+    testing::internal::GetCapturedStdout();
+    EXPECT_EQ(Section(recorder, QueryText("stPtt")).Value("", "ucFD_Enable"), "0");  // neither took effect
+
+    faults = Faults();
+    faults.refusedSettingAt = 2;  // queries are not counted
+    recorder.SetFaults(faults);
+    EXPECT_TRUE(Section(recorder, QueryText("stPtt")).Accepted());
+    EXPECT_TRUE(Set(recorder, Setting("network mode")));
+    EXPECT_FALSE(Set(recorder, Setting("ptt")));
+    EXPECT_TRUE(Set(recorder, Setting("ptt centre")));
+    EXPECT_EQ(Section(recorder, QueryText("stPtt")).Value("", "ucFD_Enable"), "0");
+
+    faults = Faults();
+    faults.refuseEverySetting = true;
+    faults.latency = std::chrono::milliseconds(40);
+    recorder.SetFaults(faults);
+    for (const char* what : {"ptt", "centre server", "clock", "format disk"}) EXPECT_FALSE(Set(recorder, Setting(what))) << what;
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_TRUE(Section(recorder, QueryText("stPtt")).Accepted());
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(40));
+}
+
+TEST(SimulatedRecorder, AnswersTheHostWithinTheReplyRecord) {
+    SimulatedRecorder recorder(kLargeModel);
+    MDVR_MsgRecord request = {};
+    MDVR_MsgRecord reply = {};
+    // A request record without a terminator is read to its end and no further.
+    std::memset(request.data, '<', sizeof request.data);
+    std::memset(reply.data, 'x', sizeof reply.data);
+    ASSERT_EQ(varcfg::sim::AnswerHostRequest(1, &request, &reply, &recorder), 1);
+    EXPECT_EQ(reply.length, static_cast<int32_t>(std::strlen(reply.data)));
+    EXPECT_EQ(reply.data[reply.length + 1], 'x');
+
+    // A long reply: two linkage items named with characters that all need escaping.
+    const std::string name(31, '&');
+    std::string items;
+    for (const std::string number : {"0", "1"}) {
+        items += "<AlarmLinkageItem_" + number + " strLinkageName=\"" + name + "\"></AlarmLinkageItem_" + number + '>';
+    }
+    ASSERT_TRUE(Set(recorder, "<VariCfgSec Action=\"DEVICE_SET\"><stAlarmLinkage StartChn=\"0\"><stAlarmLinkageItem>" +
+                                  items + "</stAlarmLinkageItem></stAlarmLinkage></VariCfgSec>"));
+    const std::string query = QueryText("stAlarmLinkage", 0);
+    std::memset(&request, 0, sizeof request);
+    std::memcpy(request.data, query.data(), query.size());
+    std::memset(reply.data, 'x', sizeof reply.data);
+    ASSERT_EQ(varcfg::sim::AnswerHostRequest(0, &request, &reply, &recorder), 1);
+    ASSERT_LE(reply.length, 2047);
+    EXPECT_EQ(reply.data[reply.length], '\0');
+    EXPECT_EQ(reply.data[2048], 'x');
+    EXPECT_EQ(Section(recorder, query).Value("AlarmLinkageItem_1", "strLinkageName"), name);
+
+    EXPECT_EQ(varcfg::sim::AnswerHostRequest(0, nullptr, &reply, &recorder), 0);
+    EXPECT_EQ(varcfg::sim::AnswerHostRequest(0, &request, &reply, nullptr), 0);
+}
+
+// Damaged and cut requests, as a fuzzer sends them: every one gets well-formed XML back.
+TEST(SimulatedRecorder, AnswersDamagedRequestsWithWellFormedReplies) {
+    SimulatedRecorder recorder(kLargeModel);
+    std::vector<std::string> requests = {QueryText("stAlarmLinkage", 0), QueryText("stVda", 0)};
+    for (const PageSetting& setting : PageSettings()) requests.push_back(setting.request);
+    const auto answersWellFormed = [&recorder](const std::string& request) {
+        const std::optional<std::string> reply = recorder.Handle(request);
+        TiXmlDocument document;
+        document.Parse(reply ? reply->c_str() : "");
+        return !document.Error() && document.RootElement() != nullptr;
+    };
+    for (const std::string& request : requests) {
+        for (std::size_t length = 0; length < request.size(); ++length) {
+            ASSERT_TRUE(answersWellFormed(request.substr(0, length))) << request.substr(0, length);
+        }
+    }
+    std::mt19937 random(20240611);
+    const std::string alphabet("<>/=\"' \t_-0179aZ&\x80\xff\0", 20);
+    for (int round = 0; round < 3000; ++round) {
+        std::string request = requests[random() % requests.size()];
+        for (unsigned edits = 1 + random() % 4; edits > 0 && !request.empty(); --edits) {
+            const std::size_t at = random() % request.size();
+            const char c = alphabet[random() % alphabet.size()];
+            const unsigned edit = random() % 3;
+            if (edit == 0) request[at] = c;
+            if (edit == 1) request.insert(request.begin() + static_cast<std::ptrdiff_t>(at), c);
+            if (edit == 2) request.erase(at, 1);
+        }
+        ASSERT_TRUE(answersWellFormed(request)) << request;
+    }
+}
