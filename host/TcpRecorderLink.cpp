@@ -1,0 +1,135 @@
+#include "TcpRecorderLink.h"
+
+#include <ws2tcpip.h>
+
+#include <algorithm>
+
+namespace varcfg::host {
+namespace {
+
+long RemainingMs(std::chrono::steady_clock::time_point deadline) {
+    const auto left =
+        std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
+    return left > 0 ? static_cast<long>(left) : 0;
+}
+
+std::string Frame(const std::string& text) {
+    const auto length = static_cast<uint32_t>(text.size());
+    std::string frame;
+    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
+    return frame + text;
+}
+
+}  // namespace
+
+TcpRecorderLink::TcpRecorderLink(std::string host, uint16_t port, std::chrono::milliseconds timeout)
+    : host_(std::move(host)), port_(port), timeout_(timeout) {
+    WSADATA winsock;
+    winsockStarted_ = WSAStartup(MAKEWORD(2, 2), &winsock) == 0;
+}
+
+TcpRecorderLink::~TcpRecorderLink() {
+    Disconnect();
+    if (winsockStarted_) WSACleanup();
+}
+
+std::string TcpRecorderLink::Where() const { return "recorder at " + host_ + ":" + std::to_string(port_); }
+
+std::optional<std::string> TcpRecorderLink::Exchange(const std::string& request) {
+    if (!winsockStarted_ || request.size() > kMaxFrame) return std::nullopt;
+    const Deadline deadline = std::chrono::steady_clock::now() + timeout_;
+    if (socket_ == INVALID_SOCKET && !Connect(deadline)) return std::nullopt;
+
+    unsigned char header[4] = {};
+    std::string reply;
+    bool answered = SendAll(Frame(request), deadline) && ReceiveAll(reinterpret_cast<char*>(header), sizeof header, deadline);
+    if (answered) {
+        const uint32_t length = header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24);
+        answered = length <= kMaxFrame;
+        if (answered) {
+            reply.resize(length);
+            answered = ReceiveAll(reply.data(), reply.size(), deadline);
+        }
+    }
+    if (!answered) {
+        Disconnect();
+        return std::nullopt;
+    }
+    return reply;
+}
+
+bool TcpRecorderLink::Connect(Deadline deadline) {
+    addrinfo hints{};
+    hints.ai_family = AF_INET;
+    hints.ai_socktype = SOCK_STREAM;
+    hints.ai_protocol = IPPROTO_TCP;
+    addrinfo* found = nullptr;
+    if (getaddrinfo(host_.c_str(), std::to_string(port_).c_str(), &hints, &found) != 0 || found == nullptr) {
+        return false;
+    }
+    socket_ = socket(found->ai_family, found->ai_socktype, found->ai_protocol);
+    bool connected = false;
+    if (socket_ != INVALID_SOCKET) {
+        // Non-blocking, so that every wait below is bounded by the deadline.
+        u_long nonBlocking = 1;
+        ioctlsocket(socket_, FIONBIO, &nonBlocking);
+        const BOOL noDelay = TRUE;  // one small frame per exchange: send it at once
+        setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&noDelay), sizeof noDelay);
+        if (connect(socket_, found->ai_addr, static_cast<int>(found->ai_addrlen)) == 0) {
+            connected = true;
+        } else if (WSAGetLastError() == WSAEWOULDBLOCK && WaitFor(true, deadline)) {
+            int error = 0;
+            int size = sizeof error;
+            connected = getsockopt(socket_, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size) == 0 &&
+                        error == 0;
+        }
+    }
+    freeaddrinfo(found);
+    if (!connected) Disconnect();
+    return connected;
+}
+
+void TcpRecorderLink::Disconnect() {
+    if (socket_ != INVALID_SOCKET) closesocket(socket_);
+    socket_ = INVALID_SOCKET;
+}
+
+bool TcpRecorderLink::WaitFor(bool write, Deadline deadline) {
+    fd_set ready;
+    fd_set failed;
+    FD_ZERO(&ready);
+    FD_ZERO(&failed);
+    FD_SET(socket_, &ready);
+    FD_SET(socket_, &failed);  // a refused connection shows here
+    const long remaining = RemainingMs(deadline);
+    if (remaining == 0) return false;
+    timeval wait = {remaining / 1000, (remaining % 1000) * 1000};
+    const int count = select(0, write ? nullptr : &ready, write ? &ready : nullptr, &failed, &wait);
+    return count > 0 && FD_ISSET(socket_, &ready) && !FD_ISSET(socket_, &failed);
+}
+
+bool TcpRecorderLink::SendAll(const std::string& bytes, Deadline deadline) {
+    std::size_t sent = 0;
+    while (sent < bytes.size()) {
+        if (!WaitFor(true, deadline)) return false;
+        const int count = send(socket_, bytes.data() + sent, static_cast<int>(bytes.size() - sent), 0);
+        if (count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK) continue;
+        if (count <= 0) return false;
+        sent += static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
+bool TcpRecorderLink::ReceiveAll(char* buffer, std::size_t size, Deadline deadline) {
+    std::size_t received = 0;
+    while (received < size) {
+        if (!WaitFor(false, deadline)) return false;
+        const int count = recv(socket_, buffer + received, static_cast<int>(size - received), 0);
+        if (count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK) continue;
+        if (count <= 0) return false;  // the recorder closed the connection, or it broke
+        received += static_cast<std::size_t>(count);
+    }
+    return true;
+}
+
+}  // namespace varcfg::host
