@@ -1,0 +1,161 @@
+// Opens and closes the whole panel many times in one host window and watches the process's GDI and
+// USER objects and its private memory. The default run is short; VARCFG_PANEL_CYCLES=1000 gives the
+// long one. It also times the opening on the user-interface thread with a recorder that answers at once.
+#include <windows.h>
+
+#include <commctrl.h>
+#include <psapi.h>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <vector>
+
+#include "HostCallback.h"
+#include "plugin/HostBridge.h"
+#include "shell/CDlgParam.h"
+#include "shell/DeviceVersion.h"
+
+using namespace varcfg;
+
+namespace {
+
+struct Usage {
+    unsigned long gdiObjects;
+    unsigned long userObjects;
+    std::size_t privateBytes;
+};
+
+// Wine's GetGuiResources counts nothing: there, count the live GDI objects (a handle with a zero upper
+// word names its slot whatever its generation) and the windows of this thread.
+unsigned long LiveGdiObjects() {
+    unsigned long count = 0;
+    for (uintptr_t slot = 1; slot < 0x10000; ++slot) {
+        if (GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) != 0) ++count;
+    }
+    return count;
+}
+
+BOOL CALLBACK CountWindow(HWND window, LPARAM count) {
+    ++*reinterpret_cast<unsigned long*>(count);
+    EnumChildWindows(window, CountWindow, count);
+    return TRUE;
+}
+
+unsigned long ThreadWindows() {
+    unsigned long count = 0;
+    EnumThreadWindows(GetCurrentThreadId(), CountWindow, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
+Usage Measure() {
+    Usage usage{GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS),
+                GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), 0};
+    if (usage.gdiObjects == 0) usage.gdiObjects = LiveGdiObjects();
+    if (usage.userObjects == 0) usage.userObjects = ThreadWindows();
+    PROCESS_MEMORY_COUNTERS_EX memory{};
+    memory.cb = sizeof memory;
+    GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&memory), sizeof memory);
+    usage.privateBytes = memory.PrivateUsage != 0 ? memory.PrivateUsage : memory.PagefileUsage;
+    return usage;
+}
+
+// GDI objects that the platform's own IP address control loses when it is destroyed (Wine 8 loses
+// one each; Windows none), so that the panel is not blamed for them.
+double GdiLostPerIpControl(HWND parent) {
+    constexpr int kSamples = 50;
+    const unsigned long before = Measure().gdiObjects;
+    for (int i = 0; i < kSamples; ++i) {
+        DestroyWindow(CreateWindowW(WC_IPADDRESSW, L"", WS_CHILD | WS_VISIBLE, 0, 0, 120, 20, parent, nullptr, nullptr, nullptr));
+    }
+    return static_cast<double>(Measure().gdiObjects - before) / kSamples;
+}
+
+BOOL CALLBACK CountIpControl(HWND window, LPARAM count) {
+    wchar_t name[32] = {};
+    GetClassNameW(window, name, 32);
+    if (lstrcmpiW(name, WC_IPADDRESSW) == 0) ++*reinterpret_cast<int*>(count);
+    return TRUE;
+}
+
+double ThreadCpuMilliseconds() {
+    FILETIME created, exited, kernel, user;
+    GetThreadTimes(GetCurrentThread(), &created, &exited, &kernel, &user);
+    auto ticks = [](const FILETIME& t) { return (static_cast<unsigned long long>(t.dwHighDateTime) << 32) | t.dwLowDateTime; };
+    return static_cast<double>(ticks(kernel) + ticks(user)) / 10000.0;
+}
+
+void PumpPending() {
+    MSG message;
+    while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+}
+
+}  // namespace
+
+TEST(PanelResources, OpeningAndClosingThePanelDoesNotGrowHandlesOrMemory) {
+    const char* configured = std::getenv("VARCFG_PANEL_CYCLES");
+    const int cycles = configured != nullptr ? std::max(100, std::atoi(configured)) : 100;
+
+    sim::SimulatedRecorder recorder("MR8-O1");
+    SetConfigFunction(sim::AnswerHostRequest, nullptr, &recorder);
+    Device() = DeviceState{};
+    WNDCLASSW wc{};
+    wc.lpfnWndProc = DefWindowProcW;
+    wc.hInstance = GetModuleHandleW(nullptr);
+    wc.lpszClassName = L"VarcfgResourcesHost";
+    RegisterClassW(&wc);
+    HWND host = CreateWindowW(wc.lpszClassName, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 751, 639, nullptr,
+                              nullptr, wc.hInstance, nullptr);
+
+    std::vector<double> wallMs, cpuMs;
+    auto cycle = [&] {
+        LARGE_INTEGER frequency, start, end;
+        QueryPerformanceFrequency(&frequency);
+        const double cpuStart = ThreadCpuMilliseconds();
+        QueryPerformanceCounter(&start);
+        CDlgParam* panel = CDlgParam::CreateIn(host);
+        QueryPerformanceCounter(&end);
+        cpuMs.push_back(ThreadCpuMilliseconds() - cpuStart);
+        wallMs.push_back(1000.0 * static_cast<double>(end.QuadPart - start.QuadPart) / static_cast<double>(frequency.QuadPart));
+        ASSERT_NE(panel, nullptr);
+        PumpPending();
+        DestroyWindow(panel->Hwnd());
+        PumpPending();
+    };
+
+    // The first cycles load fonts, images and caches that stay for the process: measure after them.
+    for (int i = 0; i < 10; ++i) cycle();
+    int ipControls = 0;
+    CDlgParam* sample = CDlgParam::CreateIn(host);
+    EnumChildWindows(sample->Hwnd(), CountIpControl, reinterpret_cast<LPARAM>(&ipControls));
+    DestroyWindow(sample->Hwnd());
+    const double platformLoss = GdiLostPerIpControl(host);
+    std::printf("  the platform loses %.2f GDI objects per IP address control; the panel has %d\n", platformLoss,
+                ipControls);
+    const Usage baseline = Measure();
+    std::printf("  %6s %8s %8s %14s\n", "cycles", "GDI", "USER", "private bytes");
+    std::printf("  %6d %8lu %8lu %14zu\n", 0, baseline.gdiObjects, baseline.userObjects, baseline.privateBytes);
+    Usage last = baseline;
+    for (int i = 1; i <= cycles; ++i) {
+        cycle();
+        if (i % 100 == 0) {
+            last = Measure();
+            std::printf("  %6d %8lu %8lu %14zu\n", i, last.gdiObjects, last.userObjects, last.privateBytes);
+        }
+    }
+    DestroyWindow(host);
+    SetConfigFunction(nullptr, nullptr, nullptr);
+
+    // Small fixed allowances: caches and heap fragmentation, not per-cycle growth.
+    const double platformGrowth = platformLoss * ipControls * cycles;
+    EXPECT_LE(static_cast<double>(last.gdiObjects), baseline.gdiObjects + platformGrowth + 16);
+    EXPECT_LE(last.userObjects, baseline.userObjects + 16);
+    EXPECT_LE(last.privateBytes, baseline.privateBytes + 4u * 1024 * 1024);
+
+    std::sort(wallMs.begin(), wallMs.end());
+    std::sort(cpuMs.begin(), cpuMs.end());
+    std::printf("  panel open over %zu cycles: median %.1f ms (UI-thread CPU %.1f ms), slowest %.1f ms\n",
+                wallMs.size(), wallMs[wallMs.size() / 2], cpuMs[cpuMs.size() / 2], wallMs.back());
+}
