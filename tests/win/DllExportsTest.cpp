@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "ModalWatcher.h"
 #include "varcfg/host_api.h"
 
 namespace {
@@ -157,4 +158,34 @@ TEST_F(Dll, PreTranslationHandsKeysOtherThanTabBackToTheHost) {
     MSG hostTab{host, WM_KEYDOWN, VK_TAB, 0, 0, {}};
     EXPECT_EQ(preTranslate(&hostTab), 0) << "the host's own windows are not ours";
     DestroyWindow(host);
+}
+
+namespace {
+
+// A careless host: every byte of the reply's text area filled, no terminator, a length that lies.
+int32_t FillWholeReply(int32_t, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) {
+    static_cast<HostRecorder*>(context)->requests.push_back(request->data);
+    std::memset(reply->data, '<', sizeof reply->data);
+    reply->length = -1;
+    return 1;
+}
+
+}  // namespace
+
+TEST_F(Dll, HostThatFillsTheWholeReplyGetsAFailedReadNotACrash) {
+    auto setConfig = Export<MDVR_SetConfigFunctionFn>(module_, "MDVR_SetConfigFunction");
+    auto display = Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig");
+    setConfig(FillWholeReply, nullptr, &g_recorder);
+    g_recorder.requests.clear();
+    varcfg::test::ModalWatcher watcher;
+    // When no earlier panel of this process knew the version, the about page cannot be read either.
+    watcher.Queue(varcfg::test::Answer::Key(VK_RETURN));
+    HWND host = CreateHostWindow();
+    EXPECT_EQ(display(host, nullptr), 0);
+    EXPECT_LE(watcher.Seen().size(), 1u);
+    ASSERT_FALSE(g_recorder.requests.empty());
+    EXPECT_EQ(g_recorder.requests[0], "<VariCfgSec Action=\"DEVICE_QUERY\"><stVersion /></VariCfgSec>");
+    DestroyWindow(host);
+    setConfig(AnswerVersion, nullptr, &g_recorder);
+    EXPECT_TRUE(watcher.Problems().empty());
 }

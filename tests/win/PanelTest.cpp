@@ -183,13 +183,18 @@ TEST_F(Panel, RefusedWriteKeepsTheEditsAndSendsThemAgainNextTime) {
     EXPECT_EQ(IpAddressText(local, IDC_LOCAL_GATEWAY), L"192.168.1.254");
 
     recorder.transportFails = false;
+    recorder.settingReply = "\x01\x7f<Vari";  // cut short and garbled
+    watcher.Queue(Answer::Key(VK_RETURN));
+    ClickWrite();
+    EXPECT_EQ(IpAddressText(local, IDC_LOCAL_GATEWAY), L"192.168.1.254");
+
     recorder.settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
     recorder.requests.clear();
     watcher.Queue(Answer::Key(VK_RETURN));
     ClickWrite();
     ASSERT_EQ(recorder.requests.size(), 1u) << "the baseline kept the values the recorder refused";
     EXPECT_NE(recorder.requests[0].text.find(R"(uiFD_GateWay="192.168.1.254")"), std::string::npos);
-    EXPECT_EQ(Tips(), (TipTexts{L"Write failed", L"Write failed", L"Write succeeded"}));
+    EXPECT_EQ(Tips(), (TipTexts{L"Write failed", L"Write failed", L"Write failed", L"Write succeeded"}));
 }
 
 TEST_F(Panel, FailedReadTellsTheUserOnlyWhileThePageIsShown) {
