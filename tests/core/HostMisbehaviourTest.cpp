@@ -2,17 +2,16 @@
 // the host's size, and these tests run under AddressSanitizer: a read past the record fails them.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <random>
 #include <string>
-#include <vector>
 
 #include "plugin/HostBridge.h"
 #include "plugin/RequestChannel.h"
-#include "protocol/ConfigTask.h"
 #include "protocol/Envelope.h"
 #include "shell/DeviceVersion.h"
 
@@ -27,150 +26,102 @@ constexpr char kVersionReply[] =
 constexpr char kSettingReply[] = R"(<VariCfgSec Action="DEVICE_SET" Result="1"/>)";
 constexpr char kPlatformReply[] = R"(<Response><NETWORK_SET Action="set" Result="1"/></Response>)";
 
-// A host that writes prepared bytes into the reply record's text area, as many as fit and with no
-// terminator of its own, and a length field of its choosing.
+// A host that writes prepared bytes into the reply record's text area, with no terminator of its own,
+// and a length field of its choosing.
 struct MisbehavingHost {
     std::string bytes;
     int32_t lengthField = 0;
-    std::size_t areaSize = MDVR_MSG_DATA_SIZE;
-    int32_t result = 1;
-};
-MisbehavingHost* g_host = nullptr;
+} g_host;
 
 int32_t Answer(int32_t, MDVR_MsgRecord*, MDVR_MsgRecord* reply, void*) {
-    const MisbehavingHost& host = *g_host;
-    std::memcpy(reply->data, host.bytes.data(), std::min(host.bytes.size(), host.areaSize));
-    reply->length = host.lengthField;
-    return host.result;
+    std::memcpy(reply->data, g_host.bytes.data(), g_host.bytes.size());
+    reply->length = g_host.lengthField;
+    return 1;
 }
 
-// The reply text padded with blanks, or anything else, to fill every byte of an area.
 std::string Filling(const std::string& text, std::size_t areaSize, char padding = ' ') {
     return text + std::string(areaSize - text.size(), padding);
 }
 
 // Runs a check with its refusal line hidden.
-template <class Check>
-int Quietly(Check check) {
+template <class Run>
+auto Quietly(Run run) {
     testing::internal::CaptureStdout();
-    const int result = check();
+    const auto result = run();
     testing::internal::GetCapturedStdout();
     return result;
 }
 
-int CheckQuery(const std::string& reply) {
-    return Quietly([&] { return QueryReply().Check(reply); });
+// The results of the query, setting and platform reply checks.
+using Results = std::array<int, 3>;
+Results Checked(const std::string& reply) {
+    return Quietly(
+        [&] { return Results{QueryReply().Check(reply), CheckSettingReply(reply), CheckPlatformReply(reply)}; });
 }
-int CheckSetting(const std::string& reply) {
-    return Quietly([&] { return CheckSettingReply(reply); });
-}
-int CheckPlatform(const std::string& reply) {
-    return Quietly([&] { return CheckPlatformReply(reply); });
-}
+constexpr Results kRefused = {-1, -1, -1};
 
 class HostMisbehaviour : public ::testing::Test {
 protected:
-    void SetUp() override {
+    HostMisbehaviour() {
         Device() = DeviceState{};
-        g_host = &host;
+        g_host = MisbehavingHost{};
         SetConfigFunction(Answer, nullptr, nullptr);
     }
-    void TearDown() override { SetConfigFunction(nullptr, nullptr, nullptr); }
-
-    std::string Exchanged(RecordSize size = RecordSize::Standard) {
-        std::string reply;
-        EXPECT_TRUE(Exchange("<VariCfgSec Action=\"DEVICE_QUERY\"><stPower></VariCfgSec>", kQueryForm, reply, size));
-        return reply;
-    }
-
-    MisbehavingHost host;
+    ~HostMisbehaviour() override { SetConfigFunction(nullptr, nullptr, nullptr); }
 };
 
-const int32_t kLyingLengths[] = {-1, std::numeric_limits<int32_t>::min(), 0, MDVR_MSG_DATA_SIZE + 1, 1 << 20,
-                                 std::numeric_limits<int32_t>::max()};
+std::string Exchanged(RecordSize size = RecordSize::Standard) {
+    std::string reply;
+    EXPECT_TRUE(Exchange("<VariCfgSec Action=\"DEVICE_QUERY\"><stPower></VariCfgSec>", kQueryForm, reply, size));
+    return reply;
+}
 
 }  // namespace
 
-TEST_F(HostMisbehaviour, ReplyFillingTheWholeRecordIsReadToTheRecordsEndAndNoFurther) {
-    for (const int32_t length : kLyingLengths) {
+TEST_F(HostMisbehaviour, LengthFieldIsBelievedOverNeitherTheTerminatorNorTheRecordsEnd) {
+    const int32_t lyingLengths[] = {-1, std::numeric_limits<int32_t>::min(), 0, MDVR_MSG_DATA_SIZE + 1, 1 << 20,
+                                    std::numeric_limits<int32_t>::max()};
+    for (const int32_t length : lyingLengths) {
         SCOPED_TRACE(length);
-        host.lengthField = length;
-        host.bytes = Filling(kPowerReply, MDVR_MSG_DATA_SIZE);
-        const std::string reply = Exchanged();
-        EXPECT_EQ(reply, host.bytes);
+        g_host.lengthField = length;
+        g_host.bytes = Filling(kPowerReply, MDVR_MSG_DATA_SIZE);
+        EXPECT_EQ(Exchanged(), g_host.bytes);
 
-        QueryReply checked;
-        ASSERT_EQ(Quietly([&] { return checked.Check(reply); }), 0);
-        PowerRecord power{};
-        ASSERT_TRUE(CConfig_Task::Import_stPower(*checked.Section(), power));
-        EXPECT_EQ(power.powerMode, 1);
-        EXPECT_EQ(power.powerOffDelayMinutes, 30);
+        g_host.bytes = Filling(kPowerReply, MDVR_LARGE_MSG_DATA_SIZE);  // the record of the two long queries
+        EXPECT_EQ(Exchanged(RecordSize::Large), g_host.bytes);
 
-        // The same in the larger record of the two long queries.
-        host.areaSize = MDVR_LARGE_MSG_DATA_SIZE;
-        host.bytes = Filling(kPowerReply, MDVR_LARGE_MSG_DATA_SIZE);
-        EXPECT_EQ(Exchanged(RecordSize::Large), host.bytes);
-        host.areaSize = MDVR_MSG_DATA_SIZE;
-    }
-}
-
-TEST_F(HostMisbehaviour, LengthFieldIsNeverBelievedOverTheTerminator) {
-    for (const int32_t length : kLyingLengths) {
-        SCOPED_TRACE(length);
-        host.lengthField = length;
-        host.bytes = std::string(kVersionReply) + '\0' + std::string(100, 'x');
+        g_host.bytes = std::string(kVersionReply) + '\0' + std::string(100, 'x');
         EXPECT_EQ(Exchanged(), kVersionReply);
-        EXPECT_EQ(QueryDeviceVersion(), 1);
-        EXPECT_STREQ(Device().version.model, "MR8-O1");
     }
 }
 
-TEST_F(HostMisbehaviour, UnterminatedGarbageFillingTheRecordIsRefusedByEveryCheck) {
+TEST_F(HostMisbehaviour, GarbageAndBrokenRepliesAreRefusedAndLeaveTheVersionUnknown) {
     std::mt19937 random(2060);
     std::uniform_int_distribution<int> byte(1, 255);  // no zero byte: the text runs to the record's end
     for (int round = 0; round < 20; ++round) {
-        host.bytes.clear();
-        for (std::size_t i = 0; i < MDVR_MSG_DATA_SIZE; ++i) host.bytes += static_cast<char>(byte(random));
-        host.lengthField = round % 2 == 0 ? -1 : std::numeric_limits<int32_t>::max();
+        g_host.bytes.clear();
+        for (std::size_t i = 0; i < MDVR_MSG_DATA_SIZE; ++i) g_host.bytes += static_cast<char>(byte(random));
+        g_host.lengthField = round % 2 == 0 ? -1 : std::numeric_limits<int32_t>::max();
         const std::string reply = Exchanged();
         ASSERT_EQ(reply.size(), MDVR_MSG_DATA_SIZE);
-        EXPECT_EQ(CheckQuery(reply), -1);
-        EXPECT_EQ(CheckSetting(reply), -1);
-        EXPECT_EQ(CheckPlatform(reply), -1);
+        EXPECT_EQ(Checked(reply), kRefused);
     }
     // A valid reply followed by garbage up to the record's end is no valid reply.
-    host.bytes = Filling(std::string(kSettingReply) + "<", MDVR_MSG_DATA_SIZE, 'x');
-    EXPECT_EQ(CheckSetting(Exchanged()), -1);
-}
+    g_host.bytes = Filling(std::string(kSettingReply) + "<", MDVR_MSG_DATA_SIZE, 'x');
+    EXPECT_EQ(Checked(Exchanged()), kRefused);
 
-TEST_F(HostMisbehaviour, RepliesCutShortOrEmptyAreRefusedByTheirChecks) {
-    const struct {
-        const char* reply;
-        int (*check)(const std::string&);
-    } replies[] = {{kPowerReply, CheckQuery}, {kSettingReply, CheckSetting}, {kPlatformReply, CheckPlatform}};
-    for (const auto& r : replies) {
-        const std::string whole = r.reply;
-        ASSERT_EQ(r.check(whole), 0) << whole;
-        for (std::size_t length = 0; length < whole.size(); ++length) {
-            EXPECT_EQ(r.check(whole.substr(0, length)), -1) << whole.substr(0, length);
-        }
-    }
-}
-
-TEST_F(HostMisbehaviour, VersionQueryReportsTransportFailureAndRefusalApart) {
-    host.result = 0;
-    host.bytes = kVersionReply;
-    EXPECT_EQ(QueryDeviceVersion(), 0);
-
-    host.result = 1;
-    const std::string cutShort = std::string(kVersionReply).substr(0, sizeof kVersionReply / 2);
-    std::vector<std::string> refused = {cutShort, "", "\x15\x15 garbled reply \x15\x15",
-                                        Filling("<VariCfgSec Action=\"DEVICE_QUERY\">", MDVR_MSG_DATA_SIZE, 'x')};
-    for (const std::string& bytes : refused) {
-        SCOPED_TRACE(bytes.substr(0, 40));
-        host.bytes = bytes;
-        EXPECT_EQ(Quietly(QueryDeviceVersion), -1);
-    }
+    g_host.bytes = Filling("<VariCfgSec Action=\"DEVICE_QUERY\">", MDVR_MSG_DATA_SIZE, 'x');
+    EXPECT_EQ(Quietly(QueryDeviceVersion), -1);
     EXPECT_EQ(Device().versionKnown, 0);
     EXPECT_EQ(Device().version.model[0], '\0');
+}
+
+TEST(ReplyChecks, RefuseEveryReplyCutShort) {
+    const std::string replies[] = {kPowerReply, kSettingReply, kPlatformReply};
+    for (std::size_t r = 0; r < std::size(replies); ++r) {
+        ASSERT_EQ(Checked(replies[r])[r], 0) << replies[r];
+        for (std::size_t length = 0; length < replies[r].size(); ++length) {
+            EXPECT_EQ(Checked(replies[r].substr(0, length)), kRefused) << replies[r].substr(0, length);
+        }
+    }
 }

@@ -53,24 +53,15 @@ public:
         }
         close(output_);
     }
-    SimProcess(const SimProcess&) = delete;
-    SimProcess& operator=(const SimProcess&) = delete;
 
-    // The output up to the first line break (or up to its end, or what came in time).
-    std::string ReadLine() {
+    // The output up to the first line break, or to its end when whole; what came in time.
+    std::string Read(bool whole = false) {
         std::string text;
         char c = 0;
         pollfd readable = {output_, POLLIN, 0};
-        while (poll(&readable, 1, kWaitMs) > 0 && read(output_, &c, 1) == 1 && c != '\n') text += c;
+        while (poll(&readable, 1, kWaitMs) > 0 && read(output_, &c, 1) == 1 && (whole || c != '\n')) text += c;
         return text;
     }
-    std::string ReadAll() {
-        std::string text;
-        for (std::string line = ReadLine(); !line.empty(); line = ReadLine()) text += line + '\n';
-        return text;
-    }
-
-    void Signal(int signalNumber) { kill(pid_, signalNumber); }
 
     // The exit status, or nothing when the process has not ended in time.
     std::optional<int> WaitForExit() {
@@ -84,6 +75,8 @@ public:
         }
         return std::nullopt;
     }
+
+    void Signal(int signalNumber) { kill(pid_, signalNumber); }
 
 private:
     pid_t pid_ = -1;
@@ -107,61 +100,53 @@ public:
         address.sin_family = AF_INET;
         address.sin_port = htons(port);
         address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        connected_ = connect(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
+        connected = connect(socket_, reinterpret_cast<sockaddr*>(&address), sizeof address) == 0;
     }
     ~Connection() { close(socket_); }
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
 
-    bool Connected() const { return connected_; }
     bool Send(const std::string& bytes) {
         return send(socket_, bytes.data(), bytes.size(), MSG_NOSIGNAL) == static_cast<ssize_t>(bytes.size());
     }
-
+    // size bytes, or fewer when the connection ended or went quiet.
+    std::string Receive(std::size_t size) {
+        std::string bytes(size, '\0');
+        const ssize_t count = recv(socket_, bytes.data(), size, MSG_WAITALL);
+        bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+        return bytes;
+    }
     // The reply to one request; nothing when the connection ended instead.
     std::optional<std::string> Exchange(const std::string& request) {
-        std::string header;
-        std::string reply;
-        if (!Send(Frame(request, static_cast<uint32_t>(request.size()))) || !Receive(4, header)) return std::nullopt;
+        const std::string header = Send(Frame(request, static_cast<uint32_t>(request.size()))) ? Receive(4) : "";
+        if (header.size() != 4) return std::nullopt;
         uint32_t length = 0;
         for (int i = 3; i >= 0; --i) length = (length << 8) | static_cast<unsigned char>(header[i]);
-        if (!Receive(length, reply)) return std::nullopt;
-        return reply;
+        std::string reply = Receive(length);
+        return reply.size() == length ? std::optional<std::string>(reply) : std::nullopt;
     }
-
     // True when the other side closed the connection, rather than leaving it open and quiet.
     bool ClosedByPeer() {
         char byte = 0;
         return recv(socket_, &byte, 1, 0) == 0;
     }
 
-private:
-    bool Receive(std::size_t size, std::string& out) {
-        out.resize(size);
-        for (std::size_t received = 0; received < size;) {
-            const ssize_t count = recv(socket_, out.data() + received, size - received, 0);
-            if (count <= 0) return false;
-            received += static_cast<std::size_t>(count);
-        }
-        return true;
-    }
+    bool connected = false;
 
+private:
     int socket_;
-    bool connected_ = false;
 };
 
 }  // namespace
 
 TEST(MdvrSim, ServesQueriesAndSettingsOverItsFramingUntilTerminated) {
     SimProcess sim({"--model", "MR8-O1", "--port", "0"});
-    const std::string ready = sim.ReadLine();
+    const std::string ready = sim.Read();
     const std::string prefix = "listening on 127.0.0.1:";
     ASSERT_EQ(ready.rfind(prefix, 0), 0u) << ready;
     const auto port = static_cast<uint16_t>(std::stoi(ready.substr(prefix.size())));
 
     {
         Connection host(port);
-        ASSERT_TRUE(host.Connected());
+        ASSERT_TRUE(host.connected);
         const std::optional<std::string> group =
             host.Exchange(R"(<VariCfgSec Action="DEVICE_QUERY"><stMainStream StartChn="6"></VariCfgSec>)");
         varcfg::QueryReply reply;
@@ -180,7 +165,7 @@ TEST(MdvrSim, ServesQueriesAndSettingsOverItsFramingUntilTerminated) {
         EXPECT_TRUE(host.ClosedByPeer());
     }
     Connection next(port);
-    ASSERT_TRUE(next.Connected());
+    ASSERT_TRUE(next.connected);
     EXPECT_TRUE(next.Exchange(varcfg::kVersionQueryText).has_value());
 
     sim.Signal(SIGTERM);
@@ -189,12 +174,12 @@ TEST(MdvrSim, ServesQueriesAndSettingsOverItsFramingUntilTerminated) {
 
 TEST(MdvrSim, RefusesAnAddressOtherMachinesCanReachUnlessAllowed) {
     SimProcess refused({"--listen", "0.0.0.0", "--port", "0"});
-    const std::string output = refused.ReadAll();
+    const std::string output = refused.Read(true);
     EXPECT_EQ(refused.WaitForExit(), 2);
     EXPECT_EQ(output.find("listening"), std::string::npos) << output;
     EXPECT_NE(output.find("--allow-remote"), std::string::npos) << output;
 
     SimProcess otherLoopback({"--listen", "127.0.0.2", "--port", "0"});
-    const std::string ready = otherLoopback.ReadLine();
+    const std::string ready = otherLoopback.Read();
     EXPECT_EQ(ready.rfind("listening on 127.0.0.2:", 0), 0u) << ready;
 }
