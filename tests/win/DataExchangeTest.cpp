@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ModalWatcher.h"
+#include "TestHostWindow.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
 #include "ui/win/DataExchange.h"
@@ -40,9 +41,8 @@ std::wstring TipText(const ModalWatcher& watcher, std::size_t index) {
 
 TEST(DataExchange, RangeFailureTellsTheUserFocusesTheFieldAndStopsThere) {
     ModalWatcher watcher;
+    varcfg::test::HostWindow parent;
     DelayDialog dialog;
-    HWND parent = CreateWindowW(L"STATIC", L"", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 800, 700, nullptr, nullptr,
-                                GetModuleHandleW(nullptr), nullptr);
     ASSERT_TRUE(dialog.Create(parent));
     dialog.Show(true);
     dialog.UpdateData(false);

@@ -6,11 +6,13 @@
 
 #include <cstring>
 #include <fstream>
-#include <sstream>
+#include <iterator>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "ModalWatcher.h"
+#include "TestHostWindow.h"
 #include "varcfg/host_api.h"
 
 namespace {
@@ -20,18 +22,23 @@ Fn Export(HMODULE dll, const char* name) {
     return reinterpret_cast<Fn>(reinterpret_cast<void*>(GetProcAddress(dll, name)));
 }
 
-// The host's side of the recorder: answers the version query, counts what it was asked.
-struct HostRecorder {
-    std::vector<std::string> requests;
-};
-HostRecorder g_recorder;
+const std::string kVersionQuery = "<VariCfgSec Action=\"DEVICE_QUERY\"><stVersion /></VariCfgSec>";
 
-int32_t AnswerVersion(int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) {
-    static_cast<HostRecorder*>(context)->requests.push_back(request->data);
+// The host's side of the recorder: records the requests in the vector it is given, answers the version.
+int32_t AnswerVersion(int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* requests) {
+    static_cast<std::vector<std::string>*>(requests)->push_back(request->data);
     const char answer[] =
         R"(<VariCfgSec Action="DEVICE_QUERY"><stVersion Model="MR4-A1" strAppVer="5.4.1" /></VariCfgSec>)";
     std::memcpy(reply->data, answer, sizeof answer);
     return mode == MDVR_REQUEST_EXCHANGE ? 1 : 0;
+}
+
+// A careless host: every byte of the reply's text area filled, no terminator, a length that lies.
+int32_t FillWholeReply(int32_t, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* requests) {
+    static_cast<std::vector<std::string>*>(requests)->push_back(request->data);
+    std::memset(reply->data, '<', sizeof reply->data);
+    reply->length = -1;
+    return 1;
 }
 
 class Dll : public ::testing::Test {
@@ -39,39 +46,19 @@ protected:
     static void SetUpTestSuite() {
         module_ = LoadLibraryW(L"libvarcfg_18.dll");
         // As a host must: the callbacks before any panel.
-        if (module_ != nullptr) Export<MDVR_SetConfigFunctionFn>(module_, "MDVR_SetConfigFunction")(AnswerVersion, nullptr, &g_recorder);
+        if (module_ != nullptr) Export<MDVR_SetConfigFunctionFn>(module_, "MDVR_SetConfigFunction")(AnswerVersion, nullptr, &requests_);
     }
     static void TearDownTestSuite() { FreeLibrary(module_); }
-    void SetUp() override { ASSERT_NE(module_, nullptr) << "libvarcfg_18.dll not found beside the test"; }
+    void SetUp() override {
+        ASSERT_NE(module_, nullptr) << "libvarcfg_18.dll not found beside the test";
+        requests_.clear();
+    }
 
     static HMODULE module_;
+    static std::vector<std::string> requests_;
 };
 HMODULE Dll::module_ = nullptr;
-
-// A plain host window of the panel's size.
-HWND CreateHostWindow() {
-    static const wchar_t* className = L"VarcfgTestHost";
-    static bool registered = false;
-    if (!registered) {
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = DefWindowProcW;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = className;
-        RegisterClassW(&wc);
-        registered = true;
-    }
-    RECT frame{0, 0, MDVR_DISPLAY_WIDTH, MDVR_DISPLAY_HEIGHT};
-    AdjustWindowRect(&frame, WS_OVERLAPPEDWINDOW, FALSE);
-    return CreateWindowW(className, L"host", WS_OVERLAPPEDWINDOW, 0, 0, frame.right - frame.left,
-                         frame.bottom - frame.top, nullptr, nullptr, GetModuleHandleW(nullptr), nullptr);
-}
-
-std::string ReadFile(const std::wstring& path) {
-    std::ifstream in(path.c_str(), std::ios::binary);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
+std::vector<std::string> Dll::requests_;
 
 }  // namespace
 
@@ -89,39 +76,34 @@ TEST_F(Dll, AnswersTheHostsFamilySizeAndStubQueries) {
     auto setType = Export<MDVR_SetDevTypeFn>(module_, "MDVR_SetDevType");
     for (uint32_t type : {0u, 11u, 12u, 13u}) EXPECT_EQ(setType(type), 1);
     auto setChannels = Export<MDVR_SetDevChannelNumFn>(module_, "MDVR_SetDevChannelNum");
-    EXPECT_EQ(setChannels(0), 0);
-    EXPECT_EQ(setChannels(1), 1);
-    EXPECT_EQ(setChannels(15), 1);
-    EXPECT_EQ(setChannels(16), 0);
+    for (uint32_t channels : {1u, 15u}) EXPECT_EQ(setChannels(channels), 1);
+    for (uint32_t channels : {0u, 16u}) EXPECT_EQ(setChannels(channels), 0);
 
     auto activePage = Export<MDVR_AcceptAnyFn>(module_, "MDVR_ActivePage");
-    auto saveLocal = Export<MDVR_AcceptAnyFn>(module_, "MDVR_SaveLocalCfgFile");
-    EXPECT_EQ(activePage, saveLocal) << "one entry point under two names";
+    EXPECT_EQ(activePage, Export<MDVR_AcceptAnyFn>(module_, "MDVR_SaveLocalCfgFile")) << "one entry point under two names";
     EXPECT_EQ(activePage(nullptr), 1);
     EXPECT_EQ(Export<MDVR_IsLoadConfigFileFn>(module_, "MDVR_IsLoadConfigFile")(), 0);
 }
 
 TEST_F(Dll, LanguagePathNamesTheLogAndAlwaysSucceeds) {
-    auto setLang = Export<MDVR_SetLangPathFn>(module_, "MDVR_SetLangPath");
-    EXPECT_EQ(setLang("Z:\\no\\such\\language.ini"), 1);
+    EXPECT_EQ(Export<MDVR_SetLangPathFn>(module_, "MDVR_SetLangPath")("Z:\\no\\such\\language.ini"), 1);
 
     wchar_t appData[MAX_PATH] = {};
     ASSERT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, appData), S_OK);
-    const std::string log = ReadFile(std::wstring(appData) + L"\\win_tests\\Log\\libvarcfg.log");
+    std::ifstream in((std::wstring(appData) + L"\\win_tests\\Log\\libvarcfg.log").c_str(), std::ios::binary);
+    const std::string log{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
     EXPECT_NE(log.find("language file Z:\\no\\such\\language.ini"), std::string::npos) << log;
 }
 
-TEST_F(Dll, DisplayConfigCoversTheParentAndDiesWithIt) {
+TEST_F(Dll, DisplayConfigCoversTheParentKeepsOnlyTabAndDiesWithIt) {
     auto display = Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig");
-    HWND host = CreateHostWindow();
-    ASSERT_NE(host, nullptr);
-    g_recorder.requests.clear();
+    auto preTranslate = Export<MDVR_DllPreTranslateMessageFn>(module_, "MDVR_DllPreTranslateMessage");
+    varcfg::test::HostWindow host;
     EXPECT_EQ(display(host, nullptr), 0);
     // A new panel asks the recorder for its version once, through the host's callback.
-    const std::string versionQuery = "<VariCfgSec Action=\"DEVICE_QUERY\"><stVersion /></VariCfgSec>";
-    EXPECT_EQ(g_recorder.requests, std::vector<std::string>{versionQuery});
+    EXPECT_EQ(requests_, std::vector<std::string>{kVersionQuery});
     EXPECT_EQ(display(host, nullptr), 0);  // each call adds a further panel
-    EXPECT_EQ(g_recorder.requests, (std::vector<std::string>{versionQuery, versionQuery}));
+    EXPECT_EQ(requests_, (std::vector<std::string>{kVersionQuery, kVersionQuery}));
 
     RECT client{};
     GetClientRect(host, &client);
@@ -130,62 +112,38 @@ TEST_F(Dll, DisplayConfigCoversTheParentAndDiesWithIt) {
         RECT r{};
         GetWindowRect(child, &r);
         MapWindowPoints(HWND_DESKTOP, host, reinterpret_cast<POINT*>(&r), 2);
-        EXPECT_EQ(r.left, 0);
-        EXPECT_EQ(r.top, 0);
-        EXPECT_EQ(r.right, client.right);
-        EXPECT_EQ(r.bottom, client.bottom);
+        EXPECT_EQ(std::make_tuple(r.left, r.top, r.right, r.bottom), std::make_tuple(0L, 0L, client.right, client.bottom));
         EXPECT_TRUE(IsWindowVisible(child) || !IsWindowVisible(host));
         ++panels;
     }
     EXPECT_EQ(panels, 2);
     HWND panel = GetWindow(host, GW_CHILD);
-    DestroyWindow(host);
-    EXPECT_FALSE(IsWindow(panel));
-}
 
-TEST_F(Dll, PreTranslationHandsKeysOtherThanTabBackToTheHost) {
-    auto display = Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig");
-    auto preTranslate = Export<MDVR_DllPreTranslateMessageFn>(module_, "MDVR_DllPreTranslateMessage");
-    HWND host = CreateHostWindow();
-    display(host, nullptr);
-    HWND panel = GetWindow(host, GW_CHILD);
-    ASSERT_NE(panel, nullptr);
-
+    // Pre-translation hands keys other than Tab back to the host.
     MSG enter{panel, WM_KEYDOWN, VK_RETURN, 0, 0, {}};
     EXPECT_EQ(preTranslate(&enter), 0);
     MSG tab{panel, WM_KEYDOWN, VK_TAB, 0, 0, {}};
     EXPECT_NE(preTranslate(&tab), 0) << "Tab is dialog navigation inside the panel";
     MSG hostTab{host, WM_KEYDOWN, VK_TAB, 0, 0, {}};
     EXPECT_EQ(preTranslate(&hostTab), 0) << "the host's own windows are not ours";
-    DestroyWindow(host);
+
+    host.Destroy();
+    EXPECT_FALSE(IsWindow(panel));
 }
-
-namespace {
-
-// A careless host: every byte of the reply's text area filled, no terminator, a length that lies.
-int32_t FillWholeReply(int32_t, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) {
-    static_cast<HostRecorder*>(context)->requests.push_back(request->data);
-    std::memset(reply->data, '<', sizeof reply->data);
-    reply->length = -1;
-    return 1;
-}
-
-}  // namespace
 
 TEST_F(Dll, HostThatFillsTheWholeReplyGetsAFailedReadNotACrash) {
     auto setConfig = Export<MDVR_SetConfigFunctionFn>(module_, "MDVR_SetConfigFunction");
-    auto display = Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig");
-    setConfig(FillWholeReply, nullptr, &g_recorder);
-    g_recorder.requests.clear();
+    setConfig(FillWholeReply, nullptr, &requests_);
     varcfg::test::ModalWatcher watcher;
     // When no earlier panel of this process knew the version, the about page cannot be read either.
     watcher.Queue(varcfg::test::Answer::Key(VK_RETURN));
-    HWND host = CreateHostWindow();
-    EXPECT_EQ(display(host, nullptr), 0);
+    {
+        varcfg::test::HostWindow host;
+        EXPECT_EQ(Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig")(host, nullptr), 0);
+    }
+    setConfig(AnswerVersion, nullptr, &requests_);
     EXPECT_LE(watcher.Seen().size(), 1u);
-    ASSERT_FALSE(g_recorder.requests.empty());
-    EXPECT_EQ(g_recorder.requests[0], "<VariCfgSec Action=\"DEVICE_QUERY\"><stVersion /></VariCfgSec>");
-    DestroyWindow(host);
-    setConfig(AnswerVersion, nullptr, &g_recorder);
     EXPECT_TRUE(watcher.Problems().empty());
+    ASSERT_FALSE(requests_.empty());
+    EXPECT_EQ(requests_[0], kVersionQuery);
 }

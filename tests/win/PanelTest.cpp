@@ -8,10 +8,12 @@
 #include <filesystem>
 #include <fstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "FakeRecorder.h"
 #include "ModalWatcher.h"
+#include "TestHostWindow.h"
 #include "res/resource.h"
 #include "shell/CDlgNetSet.h"
 #include "shell/CDlgParam.h"
@@ -32,14 +34,12 @@ const std::string kNetModeQuery = R"(<VariCfgSec Action="DEVICE_QUERY"><stNetWor
 const std::string kLocalQuery = R"(<VariCfgSec Action="DEVICE_QUERY"><stLocalEth0></VariCfgSec>)";
 
 constexpr int kAbout = 0;
-constexpr int kNetwork = 1;
 
 class Panel : public ::testing::Test {
 protected:
     void SetUp() override {
         Device() = DeviceState{};
         InstallPlatform(&WindowsPlatform());
-        languageFile_ = fs::temp_directory_path() / "varcfg-panel-test.ini";
         std::ofstream(languageFile_) << "[STRING]\n21003=Write failed\n21004=Write succeeded\n21005=Read failed\n"
                                         "15006=Read\n15007=Write\n16000=Local network\n";
         CLanguage::Instance().SetLanguagePath(languageFile_.wstring());
@@ -49,35 +49,26 @@ protected:
         recorder.SetSection("stLocalEth0", R"(ucFD_DhcpEnableFlag="1" uiFD_LocalIp="192.168.1.100" )"
                                            R"(uiFD_NetMask="0x00FFFFFF" uiFD_GateWay="16885952" strFD_Mac="00:11:22:33:44:55")");
     }
-
     void TearDown() override {
-        if (host_ != nullptr) DestroyWindow(host_);
+        host_.Destroy();
         EXPECT_TRUE(watcher.Problems().empty());
         CLanguage::Instance().SetLanguagePath(L"");
         fs::remove(languageFile_);
     }
 
-    void Open() {
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = DefWindowProcW;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"VarcfgPanelTestHost";
-        RegisterClassW(&wc);
-        host_ = CreateWindowW(wc.lpszClassName, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 751, 639, nullptr,
-                              nullptr, wc.hInstance, nullptr);
-        panel_ = CDlgParam::CreateIn(host_);
-        ASSERT_NE(panel_, nullptr);
-    }
+    void Open() { ASSERT_NE(panel_ = CDlgParam::CreateIn(host_), nullptr); }
 
     HWND Setup() const { return panel_->Setup()->Hwnd(); }
     HWND Page() const { return panel_->Setup()->ShownPage()->Hwnd(); }
     // The local Ethernet page: tab 0 of the network host.
-    HWND LocalPage() const {
-        return static_cast<CDlgNetSet*>(panel_->Setup()->ShownPage())->SelectedPage()->Hwnd();
-    }
+    HWND LocalPage() const { return static_cast<CDlgNetSet*>(panel_->Setup()->ShownPage())->SelectedPage()->Hwnd(); }
     void ClickMenu(int id) { SendDlgItemMessageW(panel_->Menu()->Hwnd(), id, BM_CLICK, 0, 0); }
     void ClickRead() { SendDlgItemMessageW(Setup(), IDC_SETUP_READ, BM_CLICK, 0, 0); }
-    void ClickWrite() { SendDlgItemMessageW(Setup(), IDC_SETUP_WRITE, BM_CLICK, 0, 0); }
+    // Clicks Write and answers the tip that follows with the key.
+    void Write(UINT key = VK_RETURN) {
+        watcher.Queue(Answer::Key(key));
+        SendDlgItemMessageW(Setup(), IDC_SETUP_WRITE, BM_CLICK, 0, 0);
+    }
     void SwitchTab(int index) {
         HWND netHost = Page();
         TabSelect(netHost, IDC_NET_TABS, index);
@@ -95,8 +86,8 @@ protected:
     CDlgParam* panel_ = nullptr;
 
 private:
-    HWND host_ = nullptr;
-    fs::path languageFile_;
+    varcfg::test::HostWindow host_;
+    const fs::path languageFile_ = fs::temp_directory_path() / "varcfg-panel-test.ini";
 };
 
 using Texts = std::vector<std::string>;
@@ -116,17 +107,16 @@ TEST_F(Panel, OpensWithOneVersionQueryAndShowsTheAboutPageFromIt) {
     EXPECT_TRUE(Tips().empty());
 
     // The menu and the setup area share the panel: menu 128 wide, pages above a 50-pixel strip.
-    RECT menu{}, page{};
+    RECT menu{}, page{}, setup{};
     GetWindowRect(panel_->Menu()->Hwnd(), &menu);
     GetWindowRect(Page(), &page);
+    GetClientRect(Setup(), &setup);
     EXPECT_EQ(menu.right - menu.left, 128);
     EXPECT_EQ(page.left, menu.right);
-    RECT setup{};
-    GetClientRect(Setup(), &setup);
     EXPECT_EQ(page.bottom - page.top, setup.bottom - 50);
 }
 
-TEST_F(Panel, CategoryLoadsOnceAndTheReadButtonReloadsIt) {
+TEST_F(Panel, CategoryLoadsOnceOrOnReadTabsOnEverySwitchAndOnlyTheShownTabIsWritten) {
     Open();
     ClickMenu(IDC_MENU_NETWORK);
     EXPECT_EQ(recorder.Texts(), (Texts{kVersionQuery, kNetModeQuery, kLocalQuery}));
@@ -137,9 +127,23 @@ TEST_F(Panel, CategoryLoadsOnceAndTheReadButtonReloadsIt) {
     EXPECT_EQ(recorder.Texts(), (Texts{kVersionQuery, kNetModeQuery, kLocalQuery, kNetModeQuery, kLocalQuery}));
     EXPECT_EQ(ComboSelection(Page(), IDC_NET_TYPE), 1);
     EXPECT_TRUE(Tips().empty());
+
+    recorder.requests.clear();
+    SwitchTab(1);
+    EXPECT_TRUE(recorder.requests.empty()) << "the Wi-Fi page has nothing to load yet";
+    SwitchTab(0);
+    EXPECT_EQ(recorder.Texts(), Texts{kLocalQuery});
+
+    // An edit on tab 0 is not written from tab 1.
+    SetItemText(LocalPage(), IDC_LOCAL_MAC, L"edited");
+    SwitchTab(1);
+    recorder.requests.clear();
+    Write();
+    EXPECT_TRUE(recorder.requests.empty());
+    EXPECT_EQ(Tips(), TipTexts{L"Write failed"});
 }
 
-TEST_F(Panel, LocalEthernetShowsTheRecordersAddressesAndWritesEditsExactly) {
+TEST_F(Panel, LocalEthernetShowsTheRecordersAddressesWritesEditsExactlyAndKeepsRefusedOnes) {
     Open();
     ClickMenu(IDC_MENU_NETWORK);
     HWND local = LocalPage();
@@ -151,53 +155,41 @@ TEST_F(Panel, LocalEthernetShowsTheRecordersAddressesAndWritesEditsExactly) {
     SetIpAddressText(local, IDC_LOCAL_IP, L"10.0.0.7");
     SetItemText(local, IDC_LOCAL_MAC, L"AA:BB:CC:DD:EE:FF");
     recorder.requests.clear();
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
+    Write();
     EXPECT_EQ(recorder.Texts(),
               Texts{R"(<VariCfgSec Action="DEVICE_SET"><stLocalEth0 ucFD_DhcpEnableFlag="0" uiFD_LocalIp="10.0.0.7" )"
                     R"(uiFD_NetMask="255.255.255.0" uiFD_GateWay="192.168.1.1" strFD_Mac="AA:BB:CC:DD:EE:FF" />)"
                     R"(</VariCfgSec>)"});
     EXPECT_EQ(Tips(), TipTexts{L"Write succeeded"});
-
     // Written values are the new baseline: writing again sends nothing and still succeeds.
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
+    Write();
     EXPECT_EQ(recorder.requests.size(), 1u);
     EXPECT_EQ(Tips(), (TipTexts{L"Write succeeded", L"Write succeeded"}));
-}
 
-TEST_F(Panel, RefusedWriteKeepsTheEditsAndSendsThemAgainNextTime) {
-    Open();
-    ClickMenu(IDC_MENU_NETWORK);
-    HWND local = LocalPage();
+    // A write that fails keeps the edit, and the next write sends it again.
     SetIpAddressText(local, IDC_LOCAL_GATEWAY, L"192.168.1.254");
-    recorder.settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)";
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
-    EXPECT_EQ(Tips(), TipTexts{L"Write failed"});
-    EXPECT_EQ(IpAddressText(local, IDC_LOCAL_GATEWAY), L"192.168.1.254");
-
-    recorder.transportFails = true;
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
-    EXPECT_EQ(IpAddressText(local, IDC_LOCAL_GATEWAY), L"192.168.1.254");
-
+    const std::pair<std::string, bool> failures[] = {
+        {R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)", false},  // refused
+        {R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)", true},   // no exchange at all
+        {"\x01\x7f<Vari", false},                                    // cut short and garbled
+    };
+    for (const auto& [reply, transportFails] : failures) {
+        recorder.settingReply = reply;
+        recorder.transportFails = transportFails;
+        Write();
+        EXPECT_EQ(IpAddressText(local, IDC_LOCAL_GATEWAY), L"192.168.1.254");
+    }
     recorder.transportFails = false;
-    recorder.settingReply = "\x01\x7f<Vari";  // cut short and garbled
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
-    EXPECT_EQ(IpAddressText(local, IDC_LOCAL_GATEWAY), L"192.168.1.254");
-
     recorder.settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
     recorder.requests.clear();
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
+    Write();
     ASSERT_EQ(recorder.requests.size(), 1u) << "the baseline kept the values the recorder refused";
     EXPECT_NE(recorder.requests[0].text.find(R"(uiFD_GateWay="192.168.1.254")"), std::string::npos);
-    EXPECT_EQ(Tips(), (TipTexts{L"Write failed", L"Write failed", L"Write failed", L"Write succeeded"}));
+    EXPECT_EQ(Tips(), (TipTexts{L"Write succeeded", L"Write succeeded", L"Write failed", L"Write failed",
+                                L"Write failed", L"Write succeeded"}));
 }
 
-TEST_F(Panel, FailedReadTellsTheUserOnlyWhileThePageIsShown) {
+TEST_F(Panel, FailedReadTellsTheUserOnlyWhileThePageIsShownAndAnUnparsableOneChangesNothing) {
     Open();
     recorder.transportFails = true;
     watcher.Queue(Answer::Key(VK_RETURN));
@@ -216,14 +208,13 @@ TEST_F(Panel, FailedReadTellsTheUserOnlyWhileThePageIsShown) {
     ClickMenu(IDC_MENU_ABOUT);
     ClickMenu(IDC_MENU_NETWORK);
     EXPECT_EQ(IpAddressText(LocalPage(), IDC_LOCAL_IP), L"192.168.1.100");
-}
 
-TEST_F(Panel, UnparsableReplyChangesNothingOnThePage) {
-    Open();
+    // A reply that does not parse changes nothing on the page.
     recorder.SetQueryReply("stLocalEth0", "<VariCfgSec Action=\"DEVICE_QUERY\"><stLocalEth0 uiFD_LocalIp=");
-    ClickMenu(IDC_MENU_NETWORK);
-    EXPECT_EQ(IpAddressText(LocalPage(), IDC_LOCAL_IP), L"");
-    EXPECT_EQ(ItemText(LocalPage(), IDC_LOCAL_MAC), L"");
+    ClickRead();
+    EXPECT_EQ(IpAddressText(LocalPage(), IDC_LOCAL_IP), L"192.168.1.100");
+    EXPECT_EQ(ItemText(LocalPage(), IDC_LOCAL_MAC), L"00:11:22:33:44:55");
+    EXPECT_EQ(Tips().size(), 1u);
 }
 
 TEST_F(Panel, UnknownVersionIsAskedForAgainBeforeTheFirstWrite) {
@@ -235,35 +226,14 @@ TEST_F(Panel, UnknownVersionIsAskedForAgainBeforeTheFirstWrite) {
     // The early success tip comes before anything is written, then the page's own result.
     recorder.transportFails = false;
     watcher.Queue(Answer::Key(VK_RETURN));
-    watcher.Queue(Answer::Key(VK_SPACE));
-    ClickWrite();
+    Write(VK_SPACE);
     EXPECT_EQ(Tips(), (TipTexts{L"Read failed", L"Write succeeded", L"Write succeeded"}));
     EXPECT_EQ(Device().versionKnown, 1);
 
     // Once known, the version is not asked for again.
     recorder.requests.clear();
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
+    Write();
     EXPECT_TRUE(recorder.requests.empty());
-}
-
-TEST_F(Panel, TabsReloadOnEverySwitchAndWriteOnlyTheShownTab) {
-    Open();
-    ClickMenu(IDC_MENU_NETWORK);
-    recorder.requests.clear();
-    SwitchTab(1);
-    EXPECT_TRUE(recorder.requests.empty()) << "the Wi-Fi page has nothing to load yet";
-    SwitchTab(0);
-    EXPECT_EQ(recorder.Texts(), Texts{kLocalQuery});
-
-    // An edit on tab 0 is not written from tab 1.
-    SetItemText(LocalPage(), IDC_LOCAL_MAC, L"edited");
-    SwitchTab(1);
-    recorder.requests.clear();
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
-    EXPECT_TRUE(recorder.requests.empty());
-    EXPECT_EQ(Tips(), TipTexts{L"Write failed"});
 }
 
 TEST_F(Panel, NetworkTypeIsWrittenOnlyWhenChangedAndBeforeTheTab) {
@@ -271,8 +241,7 @@ TEST_F(Panel, NetworkTypeIsWrittenOnlyWhenChangedAndBeforeTheTab) {
     ClickMenu(IDC_MENU_NETWORK);
     ComboSelect(Page(), IDC_NET_TYPE, 2);
     recorder.requests.clear();
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
+    Write();
     EXPECT_EQ(recorder.Texts(), Texts{R"(<VariCfgSec Action="DEVICE_SET"><stNetWorkMode ucFD_NetType="2" )"
                                       R"(usFD_GPSInterval="30" /></VariCfgSec>)"});
     EXPECT_EQ(Tips(), TipTexts{L"Write succeeded"});
@@ -282,8 +251,7 @@ TEST_F(Panel, NetworkTypeIsWrittenOnlyWhenChangedAndBeforeTheTab) {
     SetItemText(LocalPage(), IDC_LOCAL_MAC, L"edited");
     recorder.settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)";
     recorder.requests.clear();
-    watcher.Queue(Answer::Key(VK_RETURN));
-    ClickWrite();
+    Write();
     EXPECT_EQ(recorder.requests.size(), 1u);
     EXPECT_EQ(Tips(), (TipTexts{L"Write succeeded", L"Write failed"}));
 }
@@ -296,34 +264,20 @@ TEST_F(Panel, HiddenTestButtonsReachTheHostsCallbacks) {
         ShowWindow(GetDlgItem(panel, id), SW_SHOW);  // as a test build would show them
     }
     recorder.requests.clear();
-    SendDlgItemMessageW(panel, IDC_TEST_GET_PARAMETERS, BM_CLICK, 0, 0);
-    SendDlgItemMessageW(panel, IDC_TEST_SET_PARAMETERS, BM_CLICK, 0, 0);
+    for (int id : {IDC_TEST_GET_PARAMETERS, IDC_TEST_SET_PARAMETERS}) SendDlgItemMessageW(panel, id, BM_CLICK, 0, 0);
     ASSERT_EQ(recorder.requests.size(), 2u);
-    EXPECT_EQ(recorder.requests[0].mode, 1);
-    EXPECT_EQ(recorder.requests[0].length, 0);
-    EXPECT_EQ(recorder.requests[1].mode, 0);
-    EXPECT_EQ(recorder.requests[1].length, 100);
+    EXPECT_EQ(std::make_pair(recorder.requests[0].mode, recorder.requests[0].length), std::make_pair(1, 0));
+    EXPECT_EQ(std::make_pair(recorder.requests[1].mode, recorder.requests[1].length), std::make_pair(0, 100));
     for (int i = 0; i < 100; ++i) ASSERT_EQ(recorder.lastRequestBytes[static_cast<size_t>(i)], i);
 
-    SendDlgItemMessageW(panel, IDC_TEST_IMPORT_PARAMETERS, BM_CLICK, 0, 0);
-    SendDlgItemMessageW(panel, IDC_TEST_EXPORT_PARAMETERS, BM_CLICK, 0, 0);
+    for (int id : {IDC_TEST_IMPORT_PARAMETERS, IDC_TEST_EXPORT_PARAMETERS}) SendDlgItemMessageW(panel, id, BM_CLICK, 0, 0);
     ASSERT_EQ(recorder.fileCalls.size(), 2u);
     EXPECT_EQ(recorder.fileCalls[0].mode, 1);
     EXPECT_EQ(recorder.fileCalls[1].mode, 0);
     EXPECT_EQ(recorder.fileCalls[0].path, "d:\\mdvrconfig.cfg");
 }
 
-TEST_F(Panel, TabKeyMovesTheFocusThroughThePagesControls) {
-    Open();
-    ClickMenu(IDC_MENU_NETWORK);
-    HWND local = LocalPage();
-    SetFocus(GetDlgItem(local, IDC_LOCAL_MAC));
-    MSG tab{GetFocus(), WM_KEYDOWN, VK_TAB, 0, 0, {}};
-    EXPECT_TRUE(Dialog::PreTranslateChain(&tab));
-    EXPECT_NE(GetFocus(), GetDlgItem(local, IDC_LOCAL_MAC));
-}
-
-TEST_F(Panel, CtrlMRevealsAndHidesTheModelLineOnTheAboutPage) {
+TEST_F(Panel, PagesTakeTheirKeysThroughThePreTranslationChain) {
     Open();
     HWND about = Page();
     HWND field = GetDlgItem(about, IDC_ABOUT_APP);
@@ -331,6 +285,7 @@ TEST_F(Panel, CtrlMRevealsAndHidesTheModelLineOnTheAboutPage) {
         MSG m{field, message, code, 0, 0, {}};
         return Dialog::PreTranslateChain(&m);
     };
+    // Ctrl+M reveals and hides the model line on the about page.
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(about, IDC_ABOUT_MODEL)));
     EXPECT_TRUE(key(WM_KEYDOWN, 'X')) << "other keys are swallowed by the page";
     key(WM_KEYDOWN, 'M');
@@ -342,4 +297,12 @@ TEST_F(Panel, CtrlMRevealsAndHidesTheModelLineOnTheAboutPage) {
     key(WM_KEYDOWN, 'M');
     EXPECT_TRUE(key(WM_KEYUP, VK_CONTROL));
     EXPECT_FALSE(IsWindowVisible(GetDlgItem(about, IDC_ABOUT_MODEL)));
+
+    // Tab moves the focus through the controls of a page.
+    ClickMenu(IDC_MENU_NETWORK);
+    HWND mac = GetDlgItem(LocalPage(), IDC_LOCAL_MAC);
+    SetFocus(mac);
+    MSG tab{GetFocus(), WM_KEYDOWN, VK_TAB, 0, 0, {}};
+    EXPECT_TRUE(Dialog::PreTranslateChain(&tab));
+    EXPECT_NE(GetFocus(), mac);
 }

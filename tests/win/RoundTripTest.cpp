@@ -11,6 +11,7 @@
 
 #include "HostCallback.h"
 #include "ModalWatcher.h"
+#include "TestHostWindow.h"
 #include "plugin/HostBridge.h"
 #include "res/resource.h"
 #include "shell/CDlgParam.h"
@@ -54,16 +55,9 @@ protected:
     void SetUp() override {
         Device() = DeviceState{};
         SetConfigFunction(Forward, nullptr, &link);
-        WNDCLASSW wc{};
-        wc.lpfnWndProc = DefWindowProcW;
-        wc.hInstance = GetModuleHandleW(nullptr);
-        wc.lpszClassName = L"VarcfgRoundTripHost";
-        RegisterClassW(&wc);
-        host = CreateWindowW(wc.lpszClassName, L"host", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 0, 751, 639, nullptr,
-                             nullptr, wc.hInstance, nullptr);
     }
     void TearDown() override {
-        DestroyWindow(host);
+        host.Destroy();
         SetConfigFunction(nullptr, nullptr, nullptr);
     }
 
@@ -84,7 +78,7 @@ protected:
 
     CountingLink link;
     ModalWatcher watcher;
-    HWND host = nullptr;
+    varcfg::test::HostWindow host;
 };
 
 }  // namespace

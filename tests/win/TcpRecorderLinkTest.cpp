@@ -7,7 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <functional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -29,43 +28,44 @@ std::string Frame(const std::string& text) {
     return frame + text;
 }
 
-void Send(SOCKET socket, const std::string& bytes) { send(socket, bytes.data(), static_cast<int>(bytes.size()), 0); }
-
 // Reads one request frame; empty when the client went away.
 std::string ReceiveFrame(SOCKET socket) {
     auto receive = [socket](char* buffer, int size) {
-        for (int got = 0; got < size;) {
-            const int count = recv(socket, buffer + got, size - got, 0);
-            if (count <= 0) return false;
-            got += count;
+        for (int got = 0, count = 0; got < size; got += count) {
+            if ((count = recv(socket, buffer + got, size - got, 0)) <= 0) return false;
         }
         return true;
     };
     unsigned char header[4] = {};
     if (!receive(reinterpret_cast<char*>(header), 4)) return {};
-    const uint32_t length = header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24);
-    std::string text(length, '\0');
+    std::string text(header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24), '\0');
     return receive(text.data(), static_cast<int>(text.size())) ? text : std::string();
 }
 
+// A socket bound to a free loopback port.
+SOCKET BindLoopback(uint16_t& port) {
+    const SOCKET bound = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    int size = sizeof address;
+    bind(bound, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    getsockname(bound, reinterpret_cast<sockaddr*>(&address), &size);
+    port = ntohs(address.sin_port);
+    return bound;
+}
+
+const std::string kLate = "late";
+
 // A recorder on a loopback port that serves the connections it accepts one after the other, each by
-// the next function of its script, then closes it.
+// the next list of replies of its script, then closes it. For each reply it reads a request, then
+// sends the reply; kLate answers only once the client gives up (closes) or sends its next request.
 class ScriptedRecorder {
 public:
-    using Connection = std::function<void(SOCKET)>;
-
-    explicit ScriptedRecorder(std::vector<Connection> script) {
-        listener_ = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-        sockaddr_in address{};
-        address.sin_family = AF_INET;
-        address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-        int size = sizeof address;
-        bind(listener_, reinterpret_cast<sockaddr*>(&address), sizeof address);
+    explicit ScriptedRecorder(std::vector<std::vector<std::string>> script) : listener_(BindLoopback(port_)) {
         listen(listener_, 4);
-        getsockname(listener_, reinterpret_cast<sockaddr*>(&address), &size);
-        port_ = ntohs(address.sin_port);
         thread_ = std::thread([this, script] {
-            for (const Connection& serve : script) {
+            for (const std::vector<std::string>& replies : script) {
                 fd_set ready;
                 FD_ZERO(&ready);
                 FD_SET(listener_, &ready);
@@ -75,14 +75,20 @@ public:
                 const DWORD receiveLimitMs = 5000;
                 setsockopt(connection, SOL_SOCKET, SO_RCVTIMEO, reinterpret_cast<const char*>(&receiveLimitMs),
                            sizeof receiveLimitMs);
-                serve(connection);
+                for (const std::string& reply : replies) {
+                    requests.push_back(ReceiveFrame(connection));
+                    char next = 0;
+                    if (reply == kLate) recv(connection, &next, 1, 0);
+                    const std::string bytes = reply == kLate ? Frame("<late />") : reply;
+                    send(connection, bytes.data(), static_cast<int>(bytes.size()), 0);
+                }
                 closesocket(connection);
                 ++served_;
             }
         });
     }
     ~ScriptedRecorder() {
-        if (thread_.joinable()) thread_.join();
+        Served();
         closesocket(listener_);
     }
 
@@ -92,10 +98,11 @@ public:
         if (thread_.joinable()) thread_.join();
         return served_;
     }
+    std::vector<std::string> requests;  // read them once Served has returned
 
 private:
-    SOCKET listener_ = INVALID_SOCKET;
     uint16_t port_ = 0;
+    SOCKET listener_;
     std::thread thread_;
     int served_ = 0;
 };
@@ -104,100 +111,54 @@ class TcpLink : public ::testing::Test {
 protected:
     void SetUp() override { ASSERT_EQ(WSAStartup(MAKEWORD(2, 2), &winsock_), 0); }
     void TearDown() override { WSACleanup(); }
-
-private:
     WSADATA winsock_{};
 };
 
 }  // namespace
 
 TEST_F(TcpLink, CarriesFramedExchangesOverOneConnectionAndCutsLongRepliesForTheRecord) {
-    std::vector<std::string> requests;
-    ScriptedRecorder recorder({[&requests](SOCKET connection) {
-        requests.push_back(ReceiveFrame(connection));
-        Send(connection, Frame("<pong />"));
-        requests.push_back(ReceiveFrame(connection));
-        Send(connection, Frame(std::string(3000, 'x')));
-    }});
+    ScriptedRecorder recorder({{Frame("<pong />"), Frame(std::string(3000, 'x'))}});
     TcpRecorderLink link("127.0.0.1", recorder.Port(), 2000ms);
     EXPECT_EQ(link.Exchange("<ping />"), std::optional<std::string>("<pong />"));
 
     // Through the plug-in's callback the reply record gets 2047 bytes and its terminator.
     MDVR_MsgRecord records[2] = {};
-    std::string request = "<ping again />";
-    request.copy(records[0].data, request.size());
+    std::string("<ping again />").copy(records[0].data, 14);
     records[1].data[2047] = 'z';
     EXPECT_EQ(varcfg::host::CarryPluginRequest(MDVR_REQUEST_EXCHANGE, &records[0], &records[1], &link), 1);
     EXPECT_EQ(records[1].length, 2047);
     EXPECT_EQ(std::string(records[1].data), std::string(2047, 'x'));
 
     EXPECT_EQ(recorder.Served(), 1) << "both exchanges used the first connection";
-    EXPECT_EQ(requests, (std::vector<std::string>{"<ping />", "<ping again />"}));
+    EXPECT_EQ(recorder.requests, (std::vector<std::string>{"<ping />", "<ping again />"}));
 }
 
-TEST_F(TcpLink, ALateReplyTimesOutAndIsNeverTakenForTheNextAnswer) {
-    ScriptedRecorder recorder({
-        [](SOCKET connection) {
-            ReceiveFrame(connection);
-            // Answers only once the client gives up (closes) or sends its next request.
-            char next = 0;
-            recv(connection, &next, 1, 0);
-            Send(connection, Frame("<late />"));
-        },
-        [](SOCKET connection) {
-            ReceiveFrame(connection);
-            Send(connection, Frame("<fresh />"));
-        },
-    });
+// A late reply, a length above 64 KiB, a frame that ends early and a refused connection: each ends in
+// nothing within the time-out, the next exchange connects afresh and never takes an earlier reply.
+TEST_F(TcpLink, FailuresAnswerNothingInTimeAndTheNextExchangeConnectsAfresh) {
+    ScriptedRecorder recorder({{kLate},
+                               {Frame(std::string(TcpRecorderLink::kMaxFrame + 1, 'x')).substr(0, 4)},
+                               {Frame("<cut short />").substr(0, 8)},  // then the connection ends
+                               {Frame("<fresh />")}});
     TcpRecorderLink link("127.0.0.1", recorder.Port(), 200ms);
     MDVR_MsgRecord records[2] = {};
     std::string("<first />").copy(records[0].data, 9);
     std::string("untouched").copy(records[1].data, 9);
-    const Clock::time_point start = Clock::now();
+    Clock::time_point start = Clock::now();
     EXPECT_EQ(varcfg::host::CarryPluginRequest(MDVR_REQUEST_EXCHANGE, &records[0], &records[1], &link), 0);
     EXPECT_LT(Clock::now() - start, 1000ms);
     EXPECT_EQ(std::string(records[1].data), "untouched");
-
-    EXPECT_EQ(link.Exchange("<second />"), std::optional<std::string>("<fresh />"));
-    EXPECT_EQ(recorder.Served(), 2);
-}
-
-TEST_F(TcpLink, BrokenFramesAnswerNothingAndTheNextExchangeConnectsAfresh) {
-    ScriptedRecorder recorder({
-        [](SOCKET connection) {
-            ReceiveFrame(connection);
-            Send(connection, Frame(std::string(TcpRecorderLink::kMaxFrame + 1, 'x')).substr(0, 4));
-        },
-        [](SOCKET connection) {
-            ReceiveFrame(connection);
-            Send(connection, Frame("<cut short />").substr(0, 8));  // then the connection ends
-        },
-        [](SOCKET connection) {
-            ReceiveFrame(connection);
-            Send(connection, Frame("<whole />"));
-        },
-    });
-    TcpRecorderLink link("127.0.0.1", recorder.Port(), 2000ms);
     EXPECT_EQ(link.Exchange("<a />"), std::nullopt) << "a length above 64 KiB";
     EXPECT_EQ(link.Exchange("<b />"), std::nullopt) << "a frame that ends early";
-    EXPECT_EQ(link.Exchange("<c />"), std::optional<std::string>("<whole />"));
-    EXPECT_EQ(recorder.Served(), 3);
-}
+    EXPECT_EQ(link.Exchange("<second />"), std::optional<std::string>("<fresh />"));
+    EXPECT_EQ(recorder.Served(), 4);
 
-TEST_F(TcpLink, ARefusedConnectionAnswersNothingWithoutWaitingOutTheTimeOut) {
-    // A port that was free a moment ago.
-    SOCKET probe = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    int size = sizeof address;
-    bind(probe, reinterpret_cast<sockaddr*>(&address), sizeof address);
-    getsockname(probe, reinterpret_cast<sockaddr*>(&address), &size);
-    closesocket(probe);
-
-    TcpRecorderLink link("127.0.0.1", ntohs(address.sin_port), 10s);
-    const Clock::time_point start = Clock::now();
-    EXPECT_EQ(link.Exchange("<anyone />"), std::nullopt);
+    // A port that was free a moment ago refuses without the time-out being waited out.
+    uint16_t freePort = 0;
+    closesocket(BindLoopback(freePort));
+    TcpRecorderLink refused("127.0.0.1", freePort, 10s);
+    start = Clock::now();
+    EXPECT_EQ(refused.Exchange("<anyone />"), std::nullopt);
     // Windows itself retries a refused connection for about two seconds; Wine refuses at once.
     EXPECT_LT(Clock::now() - start, 5s);
 }
