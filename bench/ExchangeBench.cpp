@@ -49,7 +49,6 @@ struct Section {
 const Section kSections[] = {
     {"stVersion", DecodeInto<varcfg::VersionRecord, CConfig_Task::Import_stVersion>},
     {"stNetWorkMode", DecodeInto<varcfg::NetWorkModeRecord, CConfig_Task::Import_stNetWorkMode>},
-    {"stLocalEth0", DecodeInto<varcfg::LocalEthRecord, CConfig_Task::Import_stLocalEth0>},
     {"stBaseInfo", DecodeInto<varcfg::BaseInfoRecord, ImportBaseInfo>},
     {"stPower", DecodeInto<varcfg::PowerRecord, CConfig_Task::Import_stPower>},
     {"stCMS", DecodeInto<varcfg::ServerRecord, CConfig_Task::Import_stCMS>},

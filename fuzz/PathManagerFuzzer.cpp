@@ -13,7 +13,7 @@
 #include <string>
 
 #include "ui/PathManager.h"
-#include "ui/Platform.h"
+#include "base/Platform.h"
 
 namespace {
 

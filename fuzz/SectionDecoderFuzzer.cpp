@@ -80,11 +80,6 @@ const Operation kOperations[] = {
         CConfig_Task::Import_stNetWorkMode(section, *record);
     },
     [](const TiXmlElement& section, unsigned) {
-        auto record = std::make_unique<varcfg::LocalEthRecord>();
-        CConfig_Task::Import_stLocalEth0(section, *record);
-        Require(Terminated(record->mac));
-    },
-    [](const TiXmlElement& section, unsigned) {
         auto record = std::make_unique<varcfg::BaseInfoRecord>();
         CConfig_Task::Import_stBaseInfo(section, *record, CConfig_Task::DeviceNo::Check);
         Require(Terminated(record->deviceNo) && Terminated(record->curTime));

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "protocol/AsciiText.h"
+#include "base/AsciiText.h"
 #include "protocol/IpText.h"
 
 namespace varcfg::sim {

@@ -5,12 +5,12 @@
 
 #include <string>
 
-#include "plugin/AnsiText.h"
-#include "plugin/HostBridge.h"
+#include "base/AnsiText.h"
+#include "channel/HostBridge.h"
 #include "plugin/LibvarcfgApp.h"
-#include "plugin/TraceFile.h"
+#include "base/TraceFile.h"
 #include "ui/Language.h"
-#include "ui/Platform.h"
+#include "base/Platform.h"
 #include "varcfg/host_api.h"
 
 namespace {

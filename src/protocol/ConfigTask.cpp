@@ -8,7 +8,6 @@
 using varcfg::BaseInfoRecord;
 using varcfg::Field;
 using varcfg::FieldTable;
-using varcfg::LocalEthRecord;
 using varcfg::NetWorkModeRecord;
 using varcfg::PowerRecord;
 using varcfg::ServerRecord;
@@ -33,15 +32,6 @@ constexpr Field<NetWorkModeRecord> kNetWorkModeFields[] = {
     VARCFG_FIELD(NetWorkModeRecord, netType, "ucFD_NetType", Integer),
     VARCFG_FIELD(NetWorkModeRecord, enableHr808, "ucFD_EnableHR808", Integer),
     VARCFG_FIELD(NetWorkModeRecord, gpsInterval, "usFD_GPSInterval", Integer),
-};
-
-constexpr Field<LocalEthRecord> kLocalEthFields[] = {
-    VARCFG_FIELD(LocalEthRecord, dhcpEnableFlag, "ucFD_DhcpEnableFlag", Integer),
-    VARCFG_FIELD(LocalEthRecord, localIp, "uiFD_LocalIp", Ip),
-    VARCFG_FIELD(LocalEthRecord, localEth1Ip, "uiFD_LocalEth1Ip", Ip),
-    VARCFG_FIELD(LocalEthRecord, netMask, "uiFD_NetMask", Ip),
-    VARCFG_FIELD(LocalEthRecord, gateWay, "uiFD_GateWay", Ip),
-    VARCFG_FIELD(LocalEthRecord, mac, "strFD_Mac", Text),
 };
 
 // The device number comes first, so that the table without it is the same table less one field.
@@ -94,10 +84,6 @@ bool CConfig_Task::Import_stVersion(const TiXmlElement& section, VersionRecord& 
 
 bool CConfig_Task::Import_stNetWorkMode(const TiXmlElement& section, NetWorkModeRecord& record) {
     return varcfg::DecodeAttributes(section, kNetWorkModeFields, record).Succeeded();
-}
-
-bool CConfig_Task::Import_stLocalEth0(const TiXmlElement& section, LocalEthRecord& record) {
-    return varcfg::DecodeAttributes(section, kLocalEthFields, record).Succeeded();
 }
 
 bool CConfig_Task::Import_stBaseInfo(const TiXmlElement& section, BaseInfoRecord& record, DeviceNo deviceNo) {

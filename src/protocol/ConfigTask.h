@@ -15,7 +15,6 @@ public:
 
     static bool Import_stVersion(const TiXmlElement& section, varcfg::VersionRecord& record);
     static bool Import_stNetWorkMode(const TiXmlElement& section, varcfg::NetWorkModeRecord& record);
-    static bool Import_stLocalEth0(const TiXmlElement& section, varcfg::LocalEthRecord& record);
     static bool Import_stBaseInfo(const TiXmlElement& section, varcfg::BaseInfoRecord& record,
                                   DeviceNo deviceNo = DeviceNo::Check);
     static bool Import_stPower(const TiXmlElement& section, varcfg::PowerRecord& record);

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "protocol/AsciiText.h"
+#include "base/AsciiText.h"
 
 namespace varcfg {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdlib>
 #include <sstream>
 
-#include "protocol/AsciiText.h"
+#include "base/AsciiText.h"
 
 extern const char kBuiltInModelTableText[];
 

@@ -8,15 +8,15 @@
 
 #include <tinyxml.h>
 
-#include "protocol/AsciiText.h"
+#include "base/AsciiText.h"
 #include "protocol/IpText.h"
 
 namespace varcfg {
 namespace {
 
-const FieldBinding* FindField(const detail::FieldList& fields, const char* attributeName) {
+const FieldBinding* FindField(const FieldList& fields, const char* attributeName) {
     for (std::size_t i = 0; i < fields.size(); ++i) {
-        if (EqualsIgnoringAsciiCase(fields[i].attribute, attributeName)) return &fields[i];
+        if (fields[i].attribute != nullptr && EqualsIgnoringAsciiCase(fields[i].attribute, attributeName)) return &fields[i];
     }
     return nullptr;
 }
@@ -95,8 +95,6 @@ bool EntryIndex(const char* name, IndexSuffix rule, std::size_t limit, std::size
 
 }  // namespace
 
-namespace detail {
-
 DecodeResult DecodeAttributes(const TiXmlElement& element, const FieldList& fields, unsigned char* record) {
     for (const TiXmlAttribute* attribute = element.FirstAttribute(); attribute != nullptr;
          attribute = attribute->Next()) {
@@ -150,8 +148,6 @@ DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix su
     }
     return {};
 }
-
-}  // namespace detail
 
 const TiXmlElement* FindContainer(const TiXmlElement& section, const char* containerName, const char* operationName) {
     const TiXmlElement* container = section.FirstChildElement(containerName);

@@ -35,6 +35,7 @@ struct FieldBinding {
     // Text fields: a text of fewer or more characters stops decoding (DecodeStatus::TextRefused).
     std::size_t minTextLength;
     std::size_t maxTextLength;
+    bool isSigned;  // Integer fields: whether the member is a signed type, for those who read it back
 };
 
 // A binding into a Record, made by VARCFG_FIELD. The record type keeps tables of different records
@@ -66,7 +67,8 @@ constexpr Field<Record> MakeField(const char* attribute, std::size_t offset) {
     } else {
         static_assert(std::is_same_v<Member, uint32_t>, "Ip fields are uint32_t");
     }
-    return Field<Record>{{attribute, offset, sizeof(Member), kKind, 0, SIZE_MAX}};
+    constexpr bool kSigned = std::is_signed_v<std::remove_extent_t<Member>>;
+    return Field<Record>{{attribute, offset, sizeof(Member), kKind, 0, SIZE_MAX, kSigned}};
 }
 
 // VARCFG_FIELD(Record, member, "attributeName", Integer | Float | Text | Ip)
@@ -128,20 +130,35 @@ struct TypeIdentity {
 template <class T>
 using NoDeduce = typename TypeIdentity<T>::type;
 
-// A FieldTable of any record, as the decoder's loops read it.
+template <class Record>
+unsigned char* BytesOf(Record& record) {
+    return reinterpret_cast<unsigned char*>(&record);
+}
+
+}  // namespace detail
+
+// A table of any record, as the decoder's loops read it: a FieldTable, or an array of entries that
+// carry their binding as the member `field` (tables that bind more than the attribute, such as a
+// page's bindings to its controls).
 class FieldList {
 public:
     template <class Record>
-    explicit FieldList(const FieldTable<Record>& table)
-        : first_(table.begin()), count_(table.size()), at_(&BindingAt<Record>) {}
+    constexpr explicit FieldList(const FieldTable<Record>& table)
+        : first_(table.begin()), count_(table.size()), at_(&BindingAt<Field<Record>>) {}
+    template <class Entry>
+    constexpr FieldList(const Entry* entries, std::size_t count) : first_(entries), count_(count), at_(&FieldOfEntry<Entry>) {}
 
-    std::size_t size() const { return count_; }
+    constexpr std::size_t size() const { return count_; }
     const FieldBinding& operator[](std::size_t index) const { return at_(first_, index); }
 
 private:
-    template <class Record>
+    template <class Binding>
     static const FieldBinding& BindingAt(const void* first, std::size_t index) {
-        return static_cast<const Field<Record>*>(first)[index];
+        return static_cast<const Binding*>(first)[index];
+    }
+    template <class Entry>
+    static const FieldBinding& FieldOfEntry(const void* first, std::size_t index) {
+        return static_cast<const Entry*>(first)[index].field;
     }
 
     const void* first_;
@@ -149,27 +166,22 @@ private:
     const FieldBinding& (*at_)(const void*, std::size_t);
 };
 
-template <class Record>
-unsigned char* BytesOf(Record& record) {
-    return reinterpret_cast<unsigned char*>(&record);
-}
-
+// The decoder's operations on a FieldList and the record's bytes; the typed forms below call them.
 DecodeResult DecodeAttributes(const TiXmlElement& element, const FieldList& fields, unsigned char* record);
 DecodeResult DecodeChannels(const TiXmlElement& container, const FieldList& fields, unsigned char* first,
                             std::size_t stride, std::size_t count);
 DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
                                    unsigned char* first, std::size_t stride, std::size_t indexLimit);
 
-}  // namespace detail
-
 // Walks the element's attributes in document order and stores each one the table knows; unknown names
-// are skipped, and of two attributes bound to one member the later wins. Integers are read as by atoi
+// are skipped, and of two attributes bound to one member the later wins. A binding without an attribute
+// name (a member that is shown but not decoded) matches nothing. Integers are read as by atoi
 // (leading blanks, a sign, the leading digits; no digits gives 0), keep their low 32 bits, and are then
 // cut to the member's width. A refused text stops the walk; members filled before it keep their values.
 template <class Record>
 DecodeResult DecodeAttributes(const TiXmlElement& element, const FieldTable<detail::NoDeduce<Record>>& table,
                               Record& record) {
-    return detail::DecodeAttributes(element, detail::FieldList(table), detail::BytesOf(record));
+    return DecodeAttributes(element, FieldList(table), detail::BytesOf(record));
 }
 
 // The child element that holds a section's channels or numbered entries. When it is missing, prints
@@ -181,7 +193,7 @@ const TiXmlElement* FindContainer(const TiXmlElement& section, const char* conta
 template <class Record, std::size_t N>
 DecodeResult DecodeChannels(const TiXmlElement& container, const FieldTable<detail::NoDeduce<Record>>& table,
                             Record (&channels)[N]) {
-    return detail::DecodeChannels(container, detail::FieldList(table), detail::BytesOf(channels[0]), sizeof(Record), N);
+    return DecodeChannels(container, FieldList(table), detail::BytesOf(channels[0]), sizeof(Record), N);
 }
 
 // Entries by number: each child element of the container, in document order, fills the entry numbered
@@ -191,7 +203,7 @@ DecodeResult DecodeChannels(const TiXmlElement& container, const FieldTable<deta
 template <class Record, std::size_t N>
 DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, std::size_t indexLimit,
                                    const FieldTable<detail::NoDeduce<Record>>& table, Record (&entries)[N]) {
-    return detail::DecodeIndexedChildren(container, suffix, detail::FieldList(table), detail::BytesOf(entries[0]),
+    return DecodeIndexedChildren(container, suffix, FieldList(table), detail::BytesOf(entries[0]),
                                          sizeof(Record), indexLimit < N ? indexLimit : N);
 }
 

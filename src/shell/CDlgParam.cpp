@@ -1,6 +1,6 @@
 #include "shell/CDlgParam.h"
 
-#include "plugin/RequestChannel.h"
+#include "channel/RequestChannel.h"
 #include "res/resource.h"
 #include "varcfg/host_api.h"
 

@@ -1,16 +1,8 @@
 #include "shell/CDlgSetup.h"
 
-#include "pages/system/CDlgAboutSetup.h"
-#include "pages/system/CDlgOtherSetup.h"
-#include "pages/system/CDlgStopOverTime.h"
-#include "pages/system/CDlgUserData.h"
-#include "pages/system/CDlgUserSafeSetup.h"
 #include "res/resource.h"
-#include "shell/CDlgAlarmSet.h"
-#include "shell/CDlgEncoderSet.h"
-#include "shell/CDlgNetSet.h"
-#include "shell/CDlgSerialSet.h"
-#include "shell/DeviceVersion.h"
+#include "shell/Categories.h"
+#include "channel/DeviceVersion.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
 #include "ui/win/MsgTip.h"
@@ -39,19 +31,11 @@ BOOL CDlgSetup::OnInitDialog() {
     // first read or write.
     QueryDeviceVersion();
 
-    auto add = [this](int index, std::unique_ptr<CDlgCfgBase> page) {
+    for (const Category& category : Categories()) {
+        std::unique_ptr<CDlgCfgBase> page = category.createPage();
         page->Create(Hwnd());
-        pages_.emplace(index, std::move(page));
-    };
-    add(0, std::make_unique<CDlgAboutSetup>());
-    add(1, std::make_unique<CDlgNetSet>());
-    add(2, std::make_unique<CDlgEncoderSet>());
-    add(3, std::make_unique<CDlgAlarmSet>());
-    add(4, std::make_unique<CDlgSerialSet>());
-    add(5, std::make_unique<CDlgStopOverTime>());
-    add(6, std::make_unique<CDlgUserSafeSetup>());
-    add(7, std::make_unique<CDlgOtherSetup>());
-    add(8, std::make_unique<CDlgUserData>());
+        pages_.emplace(category.index, std::move(page));
+    }
 
     readButton_.Attach(Hwnd(), IDC_SETUP_READ);
     writeButton_.Attach(Hwnd(), IDC_SETUP_WRITE);

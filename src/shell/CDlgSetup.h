@@ -5,7 +5,7 @@
 #include <map>
 #include <memory>
 
-#include "shell/CfgBase.h"
+#include "pages/base/CDlgCfgBase.h"
 #include "ui/win/Skin.h"
 
 class CDlgSetup : public varcfg::Dialog {

@@ -1,6 +1,6 @@
 #include "ui/Language.h"
 
-#include "ui/Platform.h"
+#include "base/Platform.h"
 
 namespace {
 

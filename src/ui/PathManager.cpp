@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "ui/Platform.h"
+#include "base/Platform.h"
 
 namespace varcfg {
 namespace {

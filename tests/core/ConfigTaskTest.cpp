@@ -100,19 +100,6 @@ TEST(ImportBaseInfo, SkippingTheDeviceNumberIgnoresItEntirely) {
 }
 
 TEST(ImportSections, FillEveryFieldInItsPlace) {
-    LocalEthRecord eth{};
-    ASSERT_TRUE(CConfig_Task::Import_stLocalEth0(
-        Section(R"(<stLocalEth0 ucFD_DhcpEnableFlag="1" uiFD_LocalIp="192.168.1.10" uiFD_LocalEth1Ip="0x0A0B0C0D")"
-                R"( uiFD_NetMask="255.255.255.0" uiFD_GateWay="16885952" strFD_Mac="00:11:22:33:44:55:66:77:88"/>)")
-            .Element(),
-        eth));
-    EXPECT_EQ(eth.dhcpEnableFlag, 1);
-    EXPECT_EQ(eth.localIp, 0x0A01A8C0u);
-    EXPECT_EQ(eth.localEth1Ip, 0x0A0B0C0Du);
-    EXPECT_EQ(eth.netMask, 0x00FFFFFFu);
-    EXPECT_EQ(eth.gateWay, 16885952u);
-    EXPECT_STREQ(eth.mac, "00:11:22:33:44:55:66:77");  // at most 23 characters
-
     NetWorkModeRecord mode{};
     ASSERT_TRUE(CConfig_Task::Import_stNetWorkMode(
         Section(R"(<stNetWorkMode ucFD_NetType="2" ucFD_EnableHR808="1" usFD_GPSInterval="300"/>)").Element(), mode));

@@ -3,8 +3,8 @@
 #include <string>
 
 #include "FakePlatform.h"
-#include "plugin/HostBridge.h"
-#include "shell/DeviceVersion.h"
+#include "channel/HostBridge.h"
+#include "channel/DeviceVersion.h"
 
 using namespace varcfg;
 

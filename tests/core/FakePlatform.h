@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "ui/Platform.h"
+#include "base/Platform.h"
 
 class FakePlatform : public varcfg::Platform {
 public:

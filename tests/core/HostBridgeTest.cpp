@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "plugin/HostBridge.h"
+#include "channel/HostBridge.h"
 
 using namespace varcfg;
 

@@ -10,10 +10,10 @@
 #include <random>
 #include <string>
 
-#include "plugin/HostBridge.h"
-#include "plugin/RequestChannel.h"
+#include "channel/HostBridge.h"
+#include "channel/RequestChannel.h"
 #include "protocol/Envelope.h"
-#include "shell/DeviceVersion.h"
+#include "channel/DeviceVersion.h"
 
 using namespace varcfg;
 

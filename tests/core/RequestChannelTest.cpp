@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "plugin/HostBridge.h"
-#include "plugin/RequestChannel.h"
+#include "channel/HostBridge.h"
+#include "channel/RequestChannel.h"
 
 using namespace varcfg;
 

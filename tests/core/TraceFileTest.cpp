@@ -5,9 +5,9 @@
 #include <fstream>
 #include <sstream>
 
-#include "plugin/HostBridge.h"
-#include "plugin/RequestChannel.h"
-#include "plugin/TraceFile.h"
+#include "channel/HostBridge.h"
+#include "channel/RequestChannel.h"
+#include "base/TraceFile.h"
 
 namespace {
 

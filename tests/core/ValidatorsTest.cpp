@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "shell/Validators.h"
+#include "base/Validators.h"
 
 using varcfg::IsDecimalString;
 using varcfg::IsDigitString;

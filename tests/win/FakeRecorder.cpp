@@ -2,7 +2,7 @@
 
 #include <cstring>
 
-#include "plugin/HostBridge.h"
+#include "channel/HostBridge.h"
 
 FakeRecorder::FakeRecorder() { varcfg::SetConfigFunction(OnRequest, OnConfigFile, this); }
 

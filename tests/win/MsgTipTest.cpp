@@ -13,7 +13,7 @@
 #include "TestHostWindow.h"
 #include "res/resource.h"
 #include "ui/Language.h"
-#include "ui/Platform.h"
+#include "base/Platform.h"
 #include "ui/win/MsgTip.h"
 #include "ui/win/WinPlatform.h"
 

@@ -15,9 +15,9 @@
 
 #include "HostCallback.h"
 #include "TestHostWindow.h"
-#include "plugin/HostBridge.h"
+#include "channel/HostBridge.h"
 #include "shell/CDlgParam.h"
-#include "shell/DeviceVersion.h"
+#include "channel/DeviceVersion.h"
 
 using namespace varcfg;
 

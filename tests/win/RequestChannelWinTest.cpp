@@ -5,10 +5,10 @@
 
 #include <string>
 
-#include "plugin/AnsiText.h"
-#include "plugin/HostBridge.h"
-#include "plugin/RequestChannel.h"
-#include "shell/DeviceVersion.h"
+#include "base/AnsiText.h"
+#include "channel/HostBridge.h"
+#include "channel/RequestChannel.h"
+#include "channel/DeviceVersion.h"
 
 using namespace varcfg;
 

@@ -12,11 +12,11 @@
 #include "HostCallback.h"
 #include "ModalWatcher.h"
 #include "TestHostWindow.h"
-#include "plugin/HostBridge.h"
+#include "channel/HostBridge.h"
 #include "res/resource.h"
 #include "shell/CDlgParam.h"
-#include "shell/CDlgTabHost.h"
-#include "shell/DeviceVersion.h"
+#include "pages/base/CDlgTabHost.h"
+#include "channel/DeviceVersion.h"
 #include "ui/win/Controls.h"
 
 using namespace varcfg;

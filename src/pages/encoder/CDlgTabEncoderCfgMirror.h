@@ -2,7 +2,7 @@
 #pragma once
 
 #include "res/resource.h"
-#include "shell/CfgBase.h"
+#include "pages/base/CDlgCfgBase.h"
 
 class CDlgTabEncoderCfgMirror : public CDlgCfgBase {
 public:

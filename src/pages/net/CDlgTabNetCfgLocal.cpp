@@ -1,13 +1,29 @@
 #include "pages/net/CDlgTabNetCfgLocal.h"
 
-#include "plugin/AnsiText.h"
-#include "protocol/ConfigTask.h"
-#include "protocol/IpText.h"
+#include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
-#include "ui/win/DataExchange.h"
 
 using namespace varcfg;
+
+namespace {
+
+constexpr Binding<LocalEthRecord> kLocalEthBindings[] = {
+    VARCFG_BIND(LocalEthRecord, dhcpEnableFlag, "ucFD_DhcpEnableFlag", Integer),
+    VARCFG_BIND(LocalEthRecord, localIp, "uiFD_LocalIp", Ip).InIpAddress(IDC_LOCAL_IP),
+    VARCFG_BIND(LocalEthRecord, localEth1Ip, "uiFD_LocalEth1Ip", Ip),
+    VARCFG_BIND(LocalEthRecord, netMask, "uiFD_NetMask", Ip).InIpAddress(IDC_LOCAL_MASK),
+    VARCFG_BIND(LocalEthRecord, gateWay, "uiFD_GateWay", Ip).InIpAddress(IDC_LOCAL_GATEWAY),
+    VARCFG_BIND(LocalEthRecord, mac, "strFD_Mac", Text).InText(IDC_LOCAL_MAC),
+};
+constexpr Section<LocalEthRecord> kLocalEth{"stLocalEth0", kLocalEthBindings};
+
+// DHCP is always written off: saving this page gives the port the fixed address shown.
+constexpr wchar_t kLocalEthSetting[] =
+    L"<VariCfgSec Action=\"DEVICE_SET\"><stLocalEth0 ucFD_DhcpEnableFlag=\"0\" uiFD_LocalIp=\"%s\" "
+    L"uiFD_NetMask=\"%s\" uiFD_GateWay=\"%s\" strFD_Mac=\"%s\" /></VariCfgSec>";
+
+}  // namespace
 
 CDlgTabNetCfgLocal::CDlgTabNetCfgLocal() : CDlgCfgBase(IDD_NET_LOCAL) {}
 
@@ -19,43 +35,21 @@ BOOL CDlgTabNetCfgLocal::OnInitDialog() {
     return TRUE;
 }
 
-void CDlgTabNetCfgLocal::DoDataExchange(DataExchange& dx) { dx.Text(IDC_LOCAL_MAC, current_.mac); }
+std::vector<SectionInfo> CDlgTabNetCfgLocal::DeclaredSections() const { return {Info(kLocalEth)}; }
 
 int CDlgTabNetCfgLocal::Refresh() {
-    QueryReply reply;
-    const int result = Query(QueryText("stLocalEth0"), reply);
-    if (result != 1) return result;
-    LocalEthRecord record{};
-    if (!CConfig_Task::Import_stLocalEth0(*reply.Section(), record)) return 0;
-
-    current_.ip = FromAnsi(DottedIp(record.localIp));
-    current_.mask = FromAnsi(DottedIp(record.netMask));
-    current_.gateway = FromAnsi(DottedIp(record.gateWay));
-    current_.mac = FromAnsi(record.mac);
-    SetIpAddressText(Hwnd(), IDC_LOCAL_IP, current_.ip);
-    SetIpAddressText(Hwnd(), IDC_LOCAL_MASK, current_.mask);
-    SetIpAddressText(Hwnd(), IDC_LOCAL_GATEWAY, current_.gateway);
-    baseline_ = current_;
-    UpdateData(false);
+    const int result = LoadSection(kLocalEth);
     Redraw();
-    return 1;
+    return result;
 }
 
 int CDlgTabNetCfgLocal::Save() {
-    UpdateData(true);
-    current_.ip = IpAddressText(Hwnd(), IDC_LOCAL_IP);
-    current_.mask = IpAddressText(Hwnd(), IDC_LOCAL_MASK);
-    current_.gateway = IpAddressText(Hwnd(), IDC_LOCAL_GATEWAY);
-    if (current_ == baseline_) return 1;
-
-    // DHCP is always written off: saving this page gives the port the fixed address shown.
-    const std::wstring setting = FormatText(
-        L"<VariCfgSec Action=\"DEVICE_SET\"><stLocalEth0 ucFD_DhcpEnableFlag=\"0\" uiFD_LocalIp=\"%ls\" "
-        L"uiFD_NetMask=\"%ls\" uiFD_GateWay=\"%ls\" strFD_Mac=\"%ls\" /></VariCfgSec>",
-        current_.ip.c_str(), current_.mask.c_str(), current_.gateway.c_str(), current_.mac.c_str());
-    const int result = SendSetting(setting);
+    TakeSection(kLocalEth);
+    if (!SectionChanged(kLocalEth)) return 1;
+    const int result = SendSetting(FillTemplate(
+        kLocalEthSetting, {Text(IDC_LOCAL_IP), Text(IDC_LOCAL_MASK), Text(IDC_LOCAL_GATEWAY), Text(IDC_LOCAL_MAC)}));
     Redraw();
     if (result != 1) return 0;
-    baseline_ = current_;
+    AcceptSection(kLocalEth);
     return 1;
 }

@@ -1,11 +1,9 @@
 // CDlgTabNetCfgLocal: the recorder's wired Ethernet port (section stLocalEth0): IP address, subnet
-// mask, gateway and MAC address. It keeps the values last read or written as a baseline and writes
-// only when one of the four changed.
+// mask, gateway and MAC address. It writes only when one of the four changed since the last read or
+// accepted write.
 #pragma once
 
-#include <string>
-
-#include "shell/CfgBase.h"
+#include "pages/base/CDlgCfgBase.h"
 
 class CDlgTabNetCfgLocal : public CDlgCfgBase {
 public:
@@ -16,22 +14,8 @@ public:
     int Refresh() override;
     // 1 when written and accepted, or when nothing changed; 0 on failure, with the edits kept on screen.
     int Save() override;
+    std::vector<SectionInfo> DeclaredSections() const override;
 
 protected:
     BOOL OnInitDialog() override;
-    void DoDataExchange(varcfg::DataExchange& dx) override;
-
-private:
-    struct Address {
-        std::wstring ip;
-        std::wstring mask;
-        std::wstring gateway;
-        std::wstring mac;
-        bool operator==(const Address& other) const {
-            return ip == other.ip && mask == other.mask && gateway == other.gateway && mac == other.mac;
-        }
-    };
-
-    Address current_;
-    Address baseline_;
 };

@@ -2,8 +2,9 @@
 
 #include <cerrno>
 #include <cwchar>
-#include <limits>
 
+#include "base/TemplateText.h"
+#include "base/Validators.h"
 #include "ui/win/Controls.h"
 #include "ui/win/Dialog.h"
 #include "ui/win/MsgTip.h"
@@ -23,7 +24,26 @@ bool ParseInteger(const std::wstring& text, long long& value) {
 }
 
 std::wstring RangeMessage(long long min, long long max) {
-    return L"Please enter an integer between " + std::to_wstring(min) + L" and " + std::to_wstring(max) + L".";
+    return FillTemplate(L"Please enter an integer between %s and %s.", {min, max});
+}
+
+bool ParseDateTime(const std::wstring& text, SYSTEMTIME& time) {
+    unsigned year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
+    if (std::swscanf(text.c_str(), L"%u-%u-%u %u:%u:%u", &year, &month, &day, &hour, &minute, &second) != 6) {
+        return false;
+    }
+    if (year < 1601 || year > 30827 || month < 1 || month > 12 || day < 1 || day > 31 || hour > 23 || minute > 59 ||
+        second > 59) {
+        return false;
+    }
+    time = SYSTEMTIME{};
+    time.wYear = static_cast<WORD>(year);
+    time.wMonth = static_cast<WORD>(month);
+    time.wDay = static_cast<WORD>(day);
+    time.wHour = static_cast<WORD>(hour);
+    time.wMinute = static_cast<WORD>(minute);
+    time.wSecond = static_cast<WORD>(second);
+    return true;
 }
 
 }  // namespace
@@ -48,33 +68,65 @@ void DataExchange::Text(int id, std::wstring& value, std::size_t limit) {
     }
 }
 
+void DataExchange::Number(int id, long long& value, long long min, long long max, std::wstring* text) {
+    if (Skip()) return;
+    if (!save_) {
+        const std::wstring shown = text != nullptr ? *text : std::to_wstring(value);
+        SetItemText(dialog_.Hwnd(), id, shown);
+        return;
+    }
+    const std::wstring typed = ItemText(dialog_.Hwnd(), id);
+    long long parsed = 0;
+    if (!ParseInteger(typed, parsed) || (min >= 0 && parsed < 0)) {
+        Fail(id, min >= 0 ? L"Please enter a positive integer." : L"Please enter an integer.");
+        return;
+    }
+    if (parsed < min || parsed > max) {
+        Fail(id, RangeMessage(min, max));
+        return;
+    }
+    value = parsed;
+    if (text != nullptr) *text = typed;
+}
+
 void DataExchange::Text(int id, uint32_t& value, uint32_t min, uint32_t max) {
     long long number = value;
-    if (Number(id, number, min, max, L"Please enter a positive integer.")) value = static_cast<uint32_t>(number);
+    Number(id, number, min, max);
+    value = static_cast<uint32_t>(number);
 }
 
 void DataExchange::Text(int id, int32_t& value, int32_t min, int32_t max) {
     long long number = value;
-    if (Number(id, number, min, max, L"Please enter an integer.")) value = static_cast<int32_t>(number);
+    Number(id, number, min, max);
+    value = static_cast<int32_t>(number);
 }
 
-bool DataExchange::Number(int id, long long& value, long long min, long long max, const wchar_t* notANumber) {
-    if (Skip()) return false;
+void DataExchange::Decimal(int id, std::wstring& text, double min, double max) {
+    if (Skip()) return;
     if (!save_) {
-        SetItemText(dialog_.Hwnd(), id, std::to_wstring(value));
-        return false;
+        SetItemText(dialog_.Hwnd(), id, text);
+        return;
     }
-    long long parsed = 0;
-    if (!ParseInteger(ItemText(dialog_.Hwnd(), id), parsed) || (min >= 0 && parsed < 0)) {
-        Fail(id, notANumber);
-        return false;
+    const std::wstring typed = ItemText(dialog_.Hwnd(), id);
+    if (typed.empty() || !IsDecimalString(typed)) {
+        Fail(id, L"Please enter a number.");
+        return;
     }
-    if (parsed < min || parsed > max) {
-        Fail(id, RangeMessage(min, max));
-        return false;
+    const double value = std::wcstod(typed.c_str(), nullptr);
+    if (value < min || value > max) {
+        Fail(id, FillTemplate(L"Please enter a number between %g and %g.", {min, max}));
+        return;
     }
-    value = parsed;
-    return true;
+    text = typed;
+}
+
+void DataExchange::IpAddress(int id, std::wstring& dotted) {
+    if (Skip()) return;
+    if (save_) {
+        dotted = IpAddressText(dialog_.Hwnd(), id);
+    } else {
+        SetIpAddressText(dialog_.Hwnd(), id, dotted);
+    }
 }
 
 void DataExchange::Check(int id, int& value) {
@@ -86,12 +138,37 @@ void DataExchange::Check(int id, int& value) {
     }
 }
 
-void DataExchange::ComboIndex(int id, int& index) {
+void DataExchange::ComboIndex(int id, int& index, Unlisted unlisted) {
     if (Skip()) return;
+    HWND dialog = dialog_.Hwnd();
     if (save_) {
-        index = ComboSelection(dialog_.Hwnd(), id);
-    } else {
-        ComboSelect(dialog_.Hwnd(), id, index);
+        index = ComboSelection(dialog, id);
+    } else if (index >= 0 && index < ComboCount(dialog, id)) {
+        ComboSelect(dialog, id, index);
+    } else if (unlisted == Unlisted::Clear) {
+        ComboSelect(dialog, id, -1);
+    }
+}
+
+void DataExchange::ComboData(int id, long long& data, Unlisted unlisted, long long unselected) {
+    if (Skip()) return;
+    HWND dialog = dialog_.Hwnd();
+    if (save_) {
+        data = static_cast<long long>(ComboSelectedData(dialog, id, static_cast<LPARAM>(unselected)));
+    } else if (!ComboSelectByData(dialog, id, static_cast<LPARAM>(data)) && unlisted == Unlisted::Clear) {
+        ComboSelect(dialog, id, -1);
+    }
+}
+
+void DataExchange::DateTime(int id, std::wstring& text) {
+    if (Skip()) return;
+    SYSTEMTIME time{};
+    if (save_) {
+        if (!DateTimeValue(dialog_.Hwnd(), id, time)) return;
+        text = FillTemplate(L"%04d-%02d-%02d %02d:%02d:%02d",
+                            {time.wYear, time.wMonth, time.wDay, time.wHour, time.wMinute, time.wSecond});
+    } else if (ParseDateTime(text, time)) {
+        SetDateTimeValue(dialog_.Hwnd(), id, time);
     }
 }
 

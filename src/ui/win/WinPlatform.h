@@ -2,7 +2,7 @@
 // names, the shell's roaming application-data folder, GDI's DPI and the system colours.
 #pragma once
 
-#include "ui/Platform.h"
+#include "base/Platform.h"
 
 namespace varcfg {
 

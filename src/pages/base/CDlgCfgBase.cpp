@@ -1,0 +1,199 @@
+#include "pages/base/CDlgCfgBase.h"
+
+#include <cstring>
+
+#include "base/AnsiText.h"
+#include "base/Validators.h"
+#include "protocol/IpText.h"
+#include "ui/win/Controls.h"
+
+using namespace varcfg;
+
+namespace {
+
+long long IntegerMember(const FieldBinding& field, const unsigned char* member) {
+    if (field.size == 1) {
+        uint8_t value = 0;
+        std::memcpy(&value, member, 1);
+        return field.isSigned ? static_cast<int8_t>(value) : value;
+    }
+    if (field.size == 2) {
+        uint16_t value = 0;
+        std::memcpy(&value, member, 2);
+        return field.isSigned ? static_cast<int16_t>(value) : value;
+    }
+    uint32_t value = 0;
+    std::memcpy(&value, member, 4);
+    return field.isSigned ? static_cast<int32_t>(value) : static_cast<long long>(value);
+}
+
+double RealMember(const FieldBinding& field, const unsigned char* member) {
+    if (field.size == sizeof(double)) {
+        double value = 0;
+        std::memcpy(&value, member, sizeof value);
+        return value;
+    }
+    float value = 0;
+    std::memcpy(&value, member, sizeof value);
+    return value;
+}
+
+// The member as a control shows it: texts as they stand, numbers in decimal, reals with six
+// significant digits, IPs dotted.
+ShownValue MemberValue(const FieldBinding& field, const unsigned char* member) {
+    ShownValue value;
+    switch (field.kind) {
+        case FieldKind::Integer:
+            value.number = IntegerMember(field, member);
+            value.text = std::to_wstring(value.number);
+            break;
+        case FieldKind::Float:
+            value.text = FillTemplate(L"%g", {RealMember(field, member)});
+            break;
+        case FieldKind::Text: {
+            const char* text = reinterpret_cast<const char*>(member);
+            std::size_t length = 0;
+            while (length < field.size && text[length] != '\0') ++length;
+            value.text = FromAnsi(std::string_view(text, length));
+            break;
+        }
+        case FieldKind::Ip: {
+            uint32_t ip = 0;
+            std::memcpy(&ip, member, sizeof ip);
+            value.number = ip;
+            value.text = FromAnsi(DottedIp(ip));
+            break;
+        }
+    }
+    return value;
+}
+
+// Moves one value between its control and the value, by the binding's rule.
+void Exchange(DataExchange& dx, const ViewRule& view, int control, ShownValue& value) {
+    switch (view.show) {
+        case Show::None:
+            break;
+        case Show::Text:
+            dx.Text(control, value.text, static_cast<std::size_t>(view.max));
+            break;
+        case Show::Number:
+            dx.Number(control, value.number, view.min, view.max, &value.text);
+            break;
+        case Show::Decimal:
+            dx.Decimal(control, value.text, view.realMin, view.realMax);
+            break;
+        case Show::IpAddress:
+            dx.IpAddress(control, value.text);
+            break;
+        case Show::Check: {
+            int checked = static_cast<int>(value.number);
+            dx.Check(control, checked);
+            value.number = checked;
+            break;
+        }
+        case Show::ComboIndex: {
+            int index = static_cast<int>(value.number);
+            dx.ComboIndex(control, index, view.unlisted);
+            value.number = index;
+            break;
+        }
+        case Show::ComboData:
+            dx.ComboData(control, value.number, view.unlisted, view.unselected);
+            break;
+        case Show::DateTime:
+            dx.DateTime(control, value.text);
+            break;
+    }
+}
+
+// What a control shows before anything was shown in it: the baseline of a control never loaded.
+ShownValue EmptyValue(const ViewRule& view) {
+    ShownValue value;
+    if (view.show == Show::ComboIndex) value.number = -1;
+    if (view.show == Show::ComboData) value.number = view.unselected;
+    return value;
+}
+
+}  // namespace
+
+int CDlgCfgBase::IsDigitString(const std::wstring& text) { return varcfg::IsDigitString(text); }
+
+int CDlgCfgBase::IsDecimalString(const std::wstring& text) { return varcfg::IsDecimalString(text); }
+
+int CDlgCfgBase::Query(const std::string& queryText, QueryReply& reply, RecordSize size) {
+    std::string replyText;
+    if (!varcfg::Exchange(queryText, kQueryForm, replyText, size)) return 0;
+    return reply.Check(replyText) == 0 ? 1 : -1;
+}
+
+int CDlgCfgBase::SendSetting(const std::wstring& settingText) { return SendSetting(ToAnsi(settingText)); }
+
+int CDlgCfgBase::SendSetting(const std::string& ansiSettingText) {
+    std::string replyText;
+    if (!varcfg::Exchange(ansiSettingText, kSettingForm, replyText)) return 0;
+    return CheckSettingReply(replyText) == 0 ? 1 : -1;
+}
+
+const ShownValue& CDlgCfgBase::Value(int control) const {
+    static const ShownValue kNone;
+    const auto found = values_.find(control);
+    return found != values_.end() ? found->second : kNone;
+}
+
+const ShownValue& CDlgCfgBase::Baseline(int control) const {
+    static const ShownValue kNone;
+    const auto found = baseline_.find(control);
+    return found != baseline_.end() ? found->second : kNone;
+}
+
+void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char* record, int row) {
+    DataExchange show(*this, false);
+    DataExchange readBack(*this, true);
+    for (std::size_t i = 0; i < bindings.size(); ++i) {
+        const BindingData& binding = bindings[i];
+        if (binding.view.show == Show::None) continue;
+        const int control = binding.view.control + row;
+        ShownValue value = MemberValue(binding.field, record + binding.field.offset);
+        if (binding.view.show == Show::Check) value.number = (value.number != 0) != binding.view.inverted ? 1 : 0;
+        Exchange(show, binding.view, control, value);
+        // A list may keep or clear a selection for a value it does not offer: its value is what it shows.
+        if (binding.view.show == Show::ComboIndex || binding.view.show == Show::ComboData) {
+            Exchange(readBack, binding.view, control, value);
+        }
+        values_[control] = value;
+        baseline_[control] = value;
+    }
+}
+
+bool CDlgCfgBase::TakeBindings(const BindingList& bindings, int row) {
+    DataExchange take(*this, true);
+    for (std::size_t i = 0; i < bindings.size(); ++i) {
+        const BindingData& binding = bindings[i];
+        if (binding.view.show == Show::None) continue;
+        const int control = binding.view.control + row;
+        ShownValue& value = values_[control];
+        Exchange(take, binding.view, control, value);
+        if (take.Failed()) return false;
+    }
+    return true;
+}
+
+bool CDlgCfgBase::BindingsChanged(const BindingList& bindings, int row) const {
+    for (std::size_t i = 0; i < bindings.size(); ++i) {
+        const BindingData& binding = bindings[i];
+        if (binding.view.show == Show::None) continue;
+        const int control = binding.view.control + row;
+        const auto baseline = baseline_.find(control);
+        if (Value(control) != (baseline != baseline_.end() ? baseline->second : EmptyValue(binding.view))) return true;
+    }
+    return false;
+}
+
+void CDlgCfgBase::AcceptBindings(const BindingList& bindings, int row) {
+    for (std::size_t i = 0; i < bindings.size(); ++i) {
+        const BindingData& binding = bindings[i];
+        if (binding.view.show == Show::None) continue;
+        const int control = binding.view.control + row;
+        baseline_[control] = Value(control);
+    }
+}

@@ -1,0 +1,71 @@
+#include "pages/net/CDlgNetSet.h"
+
+#include "pages/net/CDlgTabNetCfg808.h"
+#include "pages/net/CDlgTabNetCfgGNet.h"
+#include "pages/net/CDlgTabNetCfgKovCms.h"
+#include "pages/net/CDlgTabNetCfgLocal.h"
+#include "pages/net/CDlgTabNetCfgPtt.h"
+#include "pages/net/CDlgTabNetCfgWifi.h"
+#include "res/resource.h"
+#include "ui/Language.h"
+#include "ui/win/Controls.h"
+
+using namespace varcfg;
+
+namespace {
+
+// The links the recorder can use for its network, in the order of ucFD_NetType: wired, Wi-Fi, mobile.
+constexpr uint32_t kNetTypeTextIds[] = {16000, 16009, 16016};
+
+constexpr Binding<NetWorkModeRecord> kNetWorkModeBindings[] = {
+    VARCFG_BIND(NetWorkModeRecord, netType, "ucFD_NetType", Integer).InComboIndex(IDC_NET_TYPE, Unlisted::Clear),
+    VARCFG_BIND(NetWorkModeRecord, gpsInterval, "usFD_GPSInterval", Integer),
+};
+constexpr Section<NetWorkModeRecord> kNetWorkMode{"stNetWorkMode", kNetWorkModeBindings};
+
+constexpr wchar_t kNetWorkModeSetting[] =
+    L"<VariCfgSec Action=\"DEVICE_SET\"><stNetWorkMode ucFD_NetType=\"%d\" usFD_GPSInterval=\"%d\" /></VariCfgSec>";
+
+}  // namespace
+
+CDlgNetSet::CDlgNetSet() : CDlgTabHost(IDD_NET_SET, IDC_NET_TABS) {
+    AddTab(std::make_unique<CDlgTabNetCfgLocal>(), 16000);
+    AddTab(std::make_unique<CDlgTabNetCfgWifi>(), 16009);
+    AddTab(std::make_unique<CDlgTabNetCfgGNet>(), 16016);
+    AddTab(std::make_unique<CDlgTabNetCfgKovCms>(), 16004);
+    AddTab(std::make_unique<CDlgTabNetCfgPtt>(), 0, L"PTT");
+    AddTab(std::make_unique<CDlgTabNetCfg808>(), 0, L"808");
+}
+
+BOOL CDlgNetSet::OnInitDialog() {
+    for (uint32_t id : kNetTypeTextIds) {
+        ComboAdd(Hwnd(), IDC_NET_TYPE, CLanguage::Instance().Text(id), static_cast<LPARAM>(ComboCount(Hwnd(), IDC_NET_TYPE)));
+    }
+    SetCaptions(Hwnd(), {{IDC_NET_TYPE_LABEL, 16020}});
+    return CDlgTabHost::OnInitDialog();
+}
+
+std::vector<SectionInfo> CDlgNetSet::DeclaredSections() const { return {Info(kNetWorkMode)}; }
+
+int CDlgNetSet::Refresh() {
+    const int modeResult = LoadSection(kNetWorkMode, mode_);
+    CDlgCfgBase* page = SelectedPage();
+    const int result = page != nullptr ? page->Refresh() : modeResult;
+    Redraw();
+    return result;
+}
+
+int CDlgNetSet::Save() {
+    if (!TakeSection(kNetWorkMode)) return -1;
+    if (SectionChanged(kNetWorkMode)) {
+        if (SendSetting(FillTemplate(kNetWorkModeSetting, {Number(IDC_NET_TYPE), mode_.gpsInterval})) != 1) {
+            Redraw();
+            return 0;
+        }
+        AcceptSection(kNetWorkMode);
+    }
+    CDlgCfgBase* page = SelectedPage();
+    const int result = page != nullptr ? page->Save() : 0;
+    Redraw();
+    return result;
+}

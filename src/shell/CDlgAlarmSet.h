@@ -1,9 +1,0 @@
-// The alarm category: base, inputs, outputs, linkage, G-sensor and motion detection tabs.
-#pragma once
-
-#include "shell/CDlgTabHost.h"
-
-class CDlgAlarmSet : public CDlgTabHost {
-public:
-    CDlgAlarmSet();
-};

@@ -1,9 +1,0 @@
-// The serial category: serial ports, PTZ, LED display and IC card reader tabs.
-#pragma once
-
-#include "shell/CDlgTabHost.h"
-
-class CDlgSerialSet : public CDlgTabHost {
-public:
-    CDlgSerialSet();
-};
