@@ -39,7 +39,7 @@ bool ReadConversion(std::wstring_view format, std::size_t& position, Conversion&
         digits(conversion.precision);
     }
     // Length modifiers say nothing here: the argument carries its own type.
-    while (position < format.size() && std::wcschr(L"hlLqjzt", format[position]) != nullptr && format[position] != 0) {
+    while (position < format.size() && std::wcschr(L"hlLjzt", format[position]) != nullptr && format[position] != 0) {
         ++position;
     }
     if (position >= format.size()) return false;

@@ -156,8 +156,10 @@ void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char*
         ShownValue value = MemberValue(binding.field, record + binding.field.offset);
         if (binding.view.show == Show::Check) value.number = (value.number != 0) != binding.view.inverted ? 1 : 0;
         Exchange(show, binding.view, control, value);
-        // A list may keep or clear a selection for a value it does not offer: its value is what it shows.
-        if (binding.view.show == Show::ComboIndex || binding.view.show == Show::ComboData) {
+        // The value is what the control shows: a list keeps or clears its selection for a value it does
+        // not offer, a picker keeps its time for a text that is none, an edit cuts at its limit. Numbers
+        // are shown as they are, and reading them back would validate them.
+        if (binding.view.show != Show::Number && binding.view.show != Show::Decimal) {
             Exchange(readBack, binding.view, control, value);
         }
         values_[control] = value;
