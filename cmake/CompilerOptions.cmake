@@ -15,3 +15,8 @@ if(WIN32)
   # Unicode Win32 API, no min/max macros, Windows 7 as the oldest target.
   add_compile_definitions(UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN _WIN32_WINNT=0x0601)
 endif()
+
+if(VARCFG_SELF_CONTAINED AND NOT WIN32)
+  # A released Linux program needs no C++ runtime of the machine it runs on, only its C library.
+  add_link_options(-static-libstdc++ -static-libgcc)
+endif()

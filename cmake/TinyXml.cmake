@@ -1,8 +1,8 @@
 # TinyXML 2.6.2 parses the recorder's replies.
-# Linux: Debian's libtinyxml-dev. Windows, and the fuzz targets (which need it instrumented like the
-# code that calls it): Debian's source package (with Debian's patches applied), fetched into the build
-# tree by scripts/setup and compiled in.
-if(WIN32 OR VARCFG_FUZZ)
+# Linux: Debian's libtinyxml-dev. Windows, the fuzz targets (which need it instrumented like the
+# code that calls it) and self-contained Linux programs: Debian's source package (with Debian's patches
+# applied), fetched into the build tree by scripts/setup and compiled in.
+if(WIN32 OR VARCFG_FUZZ OR VARCFG_SELF_CONTAINED)
   set(VARCFG_TINYXML_DIR "${PROJECT_SOURCE_DIR}/build/third_party/tinyxml" CACHE PATH
       "TinyXML sources (fetched by scripts/setup)")
   if(NOT EXISTS "${VARCFG_TINYXML_DIR}/tinyxml.h")

@@ -28,6 +28,7 @@ const char kHostUsage[] =
     "                        tips too, which are then closed with Enter), list the files and exit\n"
     "  --probe               send the version query through the request callback the panel gets, print\n"
     "                        the result, the reply and the time taken, and exit; the plug-in is not loaded\n"
+    "  --version             show the version of this release and exit\n"
     "  --help                show this text\n"
     "\n"
     "The configuration-file requests of the panel are only logged. Replies longer than 2047 bytes are\n"

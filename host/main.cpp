@@ -18,6 +18,7 @@
 #include "TcpRecorderLink.h"
 #include "protocol/Envelope.h"
 #include "protocol/ModelTable.h"
+#include "varcfg_version.h"
 
 using namespace varcfg::host;
 
@@ -110,7 +111,12 @@ int RunPanel(const HostOptions& options, RecorderLink& link) {
 }  // namespace
 
 int main() {
-    const ParsedOptions parsed = ParseHostOptions(Arguments());
+    const std::vector<std::wstring> args = Arguments();
+    if (args.size() == 1 && args[0] == L"--version") {
+        std::printf("varcfg-host %s\n", VARCFG_VERSION_TEXT);
+        return 0;
+    }
+    const ParsedOptions parsed = ParseHostOptions(args);
     if (parsed.outcome == ParsedOptions::Outcome::Help) {
         std::fputs(kHostUsage, stdout);
         return 0;
