@@ -155,7 +155,31 @@ void DrawStretched(HDC dc, Gdiplus::Bitmap& image, int width, int height) {
 
 void Fill(HDC dc, const RECT& rect, COLORREF colour) { FillRect(dc, &rect, SolidBrush(colour)); }
 
+// A group box paints its frame and caption but not its inside, and the dialog, which clips its
+// children, does not paint under it: the inside showed whatever the window system left there. Erased
+// with the brush the dialog gives its statics, it has the dialog's background, like the labels in it.
+LRESULT CALLBACK GroupBoxProc(HWND groupBox, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR, DWORD_PTR) {
+    if (message == WM_ERASEBKGND) {
+        HDC dc = reinterpret_cast<HDC>(wParam);
+        auto brush = reinterpret_cast<HBRUSH>(SendMessageW(GetParent(groupBox), WM_CTLCOLORSTATIC, wParam,
+                                                           reinterpret_cast<LPARAM>(groupBox)));
+        if (brush == nullptr) return DefSubclassProc(groupBox, message, wParam, lParam);
+        RECT inside{};
+        GetClientRect(groupBox, &inside);
+        FillRect(dc, &inside, brush);
+        return 1;
+    }
+    if (message == WM_NCDESTROY) RemoveWindowSubclass(groupBox, GroupBoxProc, 0);
+    return DefSubclassProc(groupBox, message, wParam, lParam);
+}
+
 }  // namespace
+
+void SkinGroupBoxes(HWND dialog) {
+    for (HWND child = GetWindow(dialog, GW_CHILD); child != nullptr; child = GetWindow(child, GW_HWNDNEXT)) {
+        if (IsGroupBox(child)) SetWindowSubclass(child, GroupBoxProc, 0, 0);
+    }
+}
 
 void SetSkinSurface(HWND dialog, SkinSurface surface) {
     if (surface == SkinSurface::Page) {

@@ -18,6 +18,8 @@ constexpr UINT kReflectedDrawItem = WM_USER + 0x1c00 + WM_DRAWITEM;
 //   MenuColumn  m_dwRGBDlgLeft behind m_dwRGBTextColor
 enum class SkinSurface { Page, Popup, MenuColumn };
 void SetSkinSurface(HWND dialog, SkinSurface surface);
+// Gives the dialog's group boxes the look of the skin: a frame and caption on the dialog's background.
+void SkinGroupBoxes(HWND dialog);
 
 // Brush and text colours for WM_CTLCOLOR* messages of a dialog; null for the system's default.
 HBRUSH SkinControlColour(UINT message, HDC dc, HWND control);
