@@ -1,4 +1,5 @@
-// The few socket calls mdvr-sim makes, alike on POSIX systems and on Windows.
+// The few socket calls mdvr-sim and the reference host make, alike on POSIX systems and on Windows, and
+// the system's text for an error number.
 #pragma once
 
 #include <string>
@@ -37,12 +38,12 @@ inline bool SetNonBlocking(Socket socket) {
     u_long nonBlocking = 1;
     return ioctlsocket(socket, FIONBIO, &nonBlocking) == 0;
 }
-// The system's own text for a Winsock error number, and the number.
-inline std::string SocketErrorText(int error) {
+// The system's own text for a Windows or Winsock error number, and the number.
+inline std::string WindowsErrorText(unsigned long error) {
     char* text = nullptr;
     const DWORD size = FormatMessageA(
-        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-        static_cast<DWORD>(error), 0, reinterpret_cast<char*>(&text), 0, nullptr);
+        FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+        reinterpret_cast<char*>(&text), 0, nullptr);
     std::string message(text != nullptr ? text : "", size);
     LocalFree(text);
     while (!message.empty() && (message.back() == '\n' || message.back() == '\r' || message.back() == '.')) {
@@ -50,6 +51,7 @@ inline std::string SocketErrorText(int error) {
     }
     return (message.empty() ? "unknown error" : message) + " (Windows error " + std::to_string(error) + ")";
 }
+inline std::string SocketErrorText(int error) { return WindowsErrorText(static_cast<unsigned long>(error)); }
 #else
 using Socket = int;
 using PollEntry = pollfd;
