@@ -147,6 +147,13 @@ public:
         bytes.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
         return bytes;
     }
+    // Ends the connection with a reset rather than an orderly close.
+    void Reset() {
+        const linger abort = {1, 0};
+        setsockopt(socket_, SOL_SOCKET, SO_LINGER, &abort, sizeof abort);
+        close(socket_);
+        socket_ = -1;
+    }
     // The next reply frame's text; nothing when the connection ended instead.
     std::optional<std::string> ReceiveFrame() {
         const std::string header = Receive(4);
@@ -212,9 +219,10 @@ TEST(MdvrSim, ServesQueriesAndSettingsOverItsFramingUntilTerminated) {
     EXPECT_EQ(sim.WaitForExit(), 0);
 }
 
-// One client stalls, one drips a frame a byte at a time, one never reads its replies, one stays quiet:
-// meanwhile 200 clients connecting at once are all answered, and each misbehaving client is dropped
-// when its own limit runs out and named on standard error.
+// One client stays quiet, one drips a frame a byte at a time, one never reads its replies, one announces
+// a frame too long and one resets its connection in the middle of a frame: meanwhile 200 clients
+// connecting at once are all answered, and each misbehaving client is dropped when its own limit runs
+// out and named on standard error.
 TEST(MdvrSim, ServesManyClientsAtOnceAndDropsThoseThatMisbehave) {
     SimProcess sim({"--model", "MR8-Q2", "--idle-limit", "1500", "--frame-limit", "300", "--send-limit", "300"});
     const uint16_t port = PortOf(sim);
@@ -223,7 +231,13 @@ TEST(MdvrSim, ServesManyClientsAtOnceAndDropsThoseThatMisbehave) {
 
     Connection stalled(port);
     Connection dripping(port);
-    ASSERT_TRUE(stalled.connected && dripping.connected);
+    Connection oversized(port);
+    Connection resetting(port);
+    ASSERT_TRUE(stalled.connected && dripping.connected && oversized.connected && resetting.connected);
+    ASSERT_TRUE(oversized.Send(Frame("", 0x7FFFFFFFu)));
+    ASSERT_TRUE(resetting.Send(Frame("", 100).substr(0, 2)));
+    std::this_thread::sleep_for(50ms);  // the simulator has read the two bytes
+    resetting.Reset();
     Connection unread(port, 4096);
     const std::string bulkyQuery = R"(<VariCfgSec Action="DEVICE_QUERY"><stMainStream StartChn="0"></VariCfgSec>)";
     std::thread flood([&unread, &bulkyQuery] {
@@ -255,6 +269,7 @@ TEST(MdvrSim, ServesManyClientsAtOnceAndDropsThoseThatMisbehave) {
     drip.join();
     flood.join();
     EXPECT_TRUE(dripping.ClosedByPeer());
+    EXPECT_TRUE(oversized.ClosedByPeer());
     EXPECT_TRUE(stalled.ClosedByPeer()) << "quiet longer than the idle limit";
     Connection late(port);
     EXPECT_TRUE(late.Exchange(varcfg::kVersionQueryText).has_value());
@@ -263,7 +278,8 @@ TEST(MdvrSim, ServesManyClientsAtOnceAndDropsThoseThatMisbehave) {
     EXPECT_EQ(sim.WaitForExit(), 0);
     const std::string log = sim.Read(true);
     for (const char* reason : {"a request not complete within 300 ms", "a reply not taken within 300 ms",
-                               "no request for 1500 ms"}) {
+                               "no request for 1500 ms", "announced a request of 2147483647 bytes, more than 65536",
+                               "connection broken: Connection reset by peer"}) {
         EXPECT_NE(log.find(reason), std::string::npos) << reason << " in:\n" << log;
     }
 }
