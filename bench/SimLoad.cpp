@@ -19,6 +19,7 @@
 #include <string>
 #include <vector>
 
+#include "Framing.h"
 #include "SettingsCatalog.h"
 #include "protocol/Envelope.h"
 
@@ -74,10 +75,7 @@ int main(int argc, char** argv) {
         return 2;
     }
 
-    const uint32_t length = sizeof varcfg::kVersionQueryText - 1;
-    std::string request(4, '\0');
-    for (int i = 0; i < 4; ++i) request[i] = static_cast<char>((length >> (8 * i)) & 0xFFu);
-    request += varcfg::kVersionQueryText;
+    const std::string request = varcfg::sim::Frame(varcfg::kVersionQueryText);
 
     const int silent = Connect(static_cast<uint16_t>(*port));
     std::vector<Client> clients(*clientCount);
@@ -112,9 +110,9 @@ int main(int argc, char** argv) {
                 break;
             }
             client.received.append(buffer, static_cast<std::size_t>(count));
-            if (client.received.size() < 4) continue;
-            const auto* header = reinterpret_cast<const unsigned char*>(client.received.data());
-            const std::size_t frame = 4 + (header[0] | (header[1] << 8) | (header[2] << 16) | (std::size_t{header[3]} << 24));
+            if (client.received.size() < varcfg::sim::kFrameHeaderSize) continue;
+            const std::size_t frame =
+                varcfg::sim::kFrameHeaderSize + varcfg::sim::AnnouncedLength(client.received.data());
             if (client.received.size() < frame) continue;
             client.received.erase(0, frame);
             ++client.answered;

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "Framing.h"
 #include "Sockets.h"
 
 namespace varcfg::host {
@@ -17,12 +18,6 @@ long RemainingMs(std::chrono::steady_clock::time_point deadline) {
 
 std::string ErrorText(int error) { return sim::SocketErrorText(error); }
 
-std::string Frame(const std::string& text) {
-    const auto length = static_cast<uint32_t>(text.size());
-    std::string frame;
-    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
-    return frame + text;
-}
 
 }  // namespace
 
@@ -52,11 +47,9 @@ std::optional<std::string> TcpRecorderLink::Exchange(const std::string& request)
     if (socket_ != INVALID_SOCKET && ClosedMeanwhile()) Disconnect();
     if (socket_ == INVALID_SOCKET && !Connect(deadline)) return std::nullopt;
 
-    unsigned char header[4] = {};
-    if (!SendAll(Frame(request), deadline) || !ReceiveAll(reinterpret_cast<char*>(header), sizeof header, deadline)) {
-        return std::nullopt;
-    }
-    const uint32_t length = header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24);
+    char header[sim::kFrameHeaderSize] = {};
+    if (!SendAll(sim::Frame(request), deadline) || !ReceiveAll(header, sizeof header, deadline)) return std::nullopt;
+    const uint32_t length = sim::AnnouncedLength(header);
     if (length > kMaxFrame) {
         Fail("the reply frame announces " + std::to_string(length) + " bytes, more than " + std::to_string(kMaxFrame));
         return std::nullopt;

@@ -5,18 +5,12 @@
 #include <optional>
 #include <string>
 
+#include "Framing.h"
+
 namespace varcfg::sim {
 namespace {
 
 constexpr long kLongestWaitMs = 200;
-constexpr std::size_t kHeaderSize = 4;
-
-std::string Frame(const std::string& text) {
-    const auto length = static_cast<uint32_t>(text.size());
-    std::string frame;
-    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
-    return frame + text;
-}
 
 std::string PeerOf(Socket socket) {
     sockaddr_in address = {};
@@ -25,12 +19,6 @@ std::string PeerOf(Socket socket) {
     if (getpeername(socket, reinterpret_cast<sockaddr*>(&address), &size) != 0) return "a client";
     inet_ntop(AF_INET, &address.sin_addr, text, sizeof text);
     return std::string(text) + ':' + std::to_string(ntohs(address.sin_port));
-}
-
-// The text length a frame's header announces; input holds at least the header.
-uint32_t AnnouncedLength(const std::string& input) {
-    const auto* header = reinterpret_cast<const unsigned char*>(input.data());
-    return header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24);
 }
 
 long long Milliseconds(std::chrono::milliseconds span) { return static_cast<long long>(span.count()); }
@@ -142,8 +130,8 @@ void RecorderServer::AcceptAll() {
 
 // Reads no further than the current frame, so that a client's next request waits for this reply.
 bool RecorderServer::Receive(Connection& connection) {
-    std::size_t wanted = kHeaderSize;
-    if (connection.input.size() >= kHeaderSize) wanted += AnnouncedLength(connection.input);
+    std::size_t wanted = kFrameHeaderSize;
+    if (connection.input.size() >= kFrameHeaderSize) wanted += AnnouncedLength(connection.input.data());
     char buffer[16 * 1024];
     const std::size_t room = std::min(sizeof buffer, wanted - connection.input.size());
     const int count = recv(connection.socket, buffer, static_cast<int>(room), 0);
@@ -162,15 +150,15 @@ bool RecorderServer::Receive(Connection& connection) {
     }
     const std::size_t before = connection.input.size();
     connection.input.append(buffer, static_cast<std::size_t>(count));
-    if (before < kHeaderSize && connection.input.size() >= kHeaderSize) {
-        const uint32_t length = AnnouncedLength(connection.input);
+    if (before < kFrameHeaderSize && connection.input.size() >= kFrameHeaderSize) {
+        const uint32_t length = AnnouncedLength(connection.input.data());
         if (length > kMaxFrame) {
             return Drop(connection, "announced a request of " + std::to_string(length) + " bytes, more than " +
                                         std::to_string(kMaxFrame));
         }
-        wanted = kHeaderSize + length;
+        wanted = kFrameHeaderSize + length;
     }
-    if (connection.input.size() < kHeaderSize || connection.input.size() < wanted) return true;
+    if (connection.input.size() < kFrameHeaderSize || connection.input.size() < wanted) return true;
     if (limits_.latency.count() > 0) {
         connection.phase = Connection::Phase::Waiting;
         connection.deadline = Clock::now() + limits_.latency;
@@ -180,7 +168,7 @@ bool RecorderServer::Receive(Connection& connection) {
 }
 
 bool RecorderServer::Answer(Connection& connection) {
-    const std::optional<std::string> reply = recorder_.Handle(std::string_view(connection.input).substr(kHeaderSize));
+    const std::optional<std::string> reply = recorder_.Handle(std::string_view(connection.input).substr(kFrameHeaderSize));
     connection.input.clear();
     if (!reply) return false;  // a lost request: the client sees the connection end
     connection.output = Frame(*reply);

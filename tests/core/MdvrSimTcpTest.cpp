@@ -15,12 +15,12 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
-#include <random>
 #include <optional>
 #include <string>
 #include <thread>
 #include <vector>
 
+#include "TemporaryFolder.h"
 #include "protocol/Envelope.h"
 
 namespace {
@@ -102,16 +102,6 @@ uint16_t PortOf(SimProcess& sim) {
     }
     return static_cast<uint16_t>(std::stoi(ready.substr(prefix.size())));
 }
-
-struct TemporaryFolder {
-    TemporaryFolder() { std::filesystem::create_directories(path); }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    const std::filesystem::path path =
-        std::filesystem::temp_directory_path() / ("mdvr-sim-tcp-" + std::to_string(std::random_device()()));
-};
 
 std::string Frame(const std::string& text, uint32_t length) {
     std::string frame;

@@ -9,7 +9,6 @@
 #include <iterator>
 #include <map>
 #include <optional>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -19,6 +18,7 @@
 
 #include "HostCallback.h"
 #include "SimulatedRecorder.h"
+#include "TemporaryFolder.h"
 #include "protocol/ConfigTask.h"
 #include "protocol/Envelope.h"
 #include "protocol/IpText.h"
@@ -142,16 +142,6 @@ private:
 using Names = std::vector<std::string>;
 
 // A folder of its own for one test, removed afterwards.
-struct TemporaryFolder {
-    TemporaryFolder() { std::filesystem::create_directories(path); }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    const std::filesystem::path path =
-        std::filesystem::temp_directory_path() / ("mdvr-sim-test-" + std::to_string(std::random_device()()));
-};
-
 std::string ReadFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());

@@ -11,23 +11,19 @@
 #include <thread>
 #include <vector>
 
+#include "Framing.h"
 #include "Probe.h"
 #include "RecorderLink.h"
 #include "TcpRecorderLink.h"
 
 using varcfg::host::TcpRecorderLink;
+using varcfg::sim::Frame;
 using namespace std::chrono_literals;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-std::string Frame(const std::string& text) {
-    const auto length = static_cast<uint32_t>(text.size());
-    std::string frame;
-    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
-    return frame + text;
-}
 
 // Reads one request frame; empty when the client went away.
 std::string ReceiveFrame(SOCKET socket) {
@@ -37,9 +33,9 @@ std::string ReceiveFrame(SOCKET socket) {
         }
         return true;
     };
-    unsigned char header[4] = {};
-    if (!receive(reinterpret_cast<char*>(header), 4)) return {};
-    std::string text(header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24), '\0');
+    char header[varcfg::sim::kFrameHeaderSize] = {};
+    if (!receive(header, sizeof header)) return {};
+    std::string text(varcfg::sim::AnnouncedLength(header), '\0');
     return receive(text.data(), static_cast<int>(text.size())) ? text : std::string();
 }
 
