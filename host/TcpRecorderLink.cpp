@@ -16,9 +16,6 @@ long RemainingMs(std::chrono::steady_clock::time_point deadline) {
     return left > 0 ? static_cast<long>(left) : 0;
 }
 
-std::string ErrorText(int error) { return sim::SocketErrorText(error); }
-
-
 }  // namespace
 
 TcpRecorderLink::TcpRecorderLink(std::string host, uint16_t port, std::chrono::milliseconds timeout)
@@ -66,7 +63,7 @@ bool TcpRecorderLink::Connect(Deadline deadline) {
     hints.ai_protocol = IPPROTO_TCP;
     addrinfo* found = nullptr;
     const int lookup = getaddrinfo(host_.c_str(), std::to_string(port_).c_str(), &hints, &found);
-    if (lookup != 0 || found == nullptr) return Fail("cannot find the host " + host_ + ": " + ErrorText(lookup));
+    if (lookup != 0 || found == nullptr) return Fail("cannot find the host " + host_ + ": " + sim::SocketErrorText(lookup));
     socket_ = socket(found->ai_family, found->ai_socktype, found->ai_protocol);
     int error = socket_ == INVALID_SOCKET ? WSAGetLastError() : 0;
     bool connected = false;
@@ -94,7 +91,7 @@ bool TcpRecorderLink::Connect(Deadline deadline) {
         return Fail("no connection to " + host_ + ":" + std::to_string(port_) + " within " +
                     std::to_string(timeout_.count()) + " ms");
     }
-    return Fail("cannot connect to " + host_ + ":" + std::to_string(port_) + ": " + ErrorText(error));
+    return Fail("cannot connect to " + host_ + ":" + std::to_string(port_) + ": " + sim::SocketErrorText(error));
 }
 
 bool TcpRecorderLink::Fail(const std::string& problem) {
@@ -138,7 +135,7 @@ bool TcpRecorderLink::SendAll(const std::string& bytes, Deadline deadline) {
         }
         const int count = send(socket_, bytes.data() + sent, static_cast<int>(bytes.size() - sent), 0);
         if (count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK) continue;
-        if (count <= 0) return Fail("the connection broke while sending: " + ErrorText(WSAGetLastError()));
+        if (count <= 0) return Fail("the connection broke while sending: " + sim::SocketErrorText(WSAGetLastError()));
         sent += static_cast<std::size_t>(count);
     }
     return true;
@@ -152,12 +149,12 @@ bool TcpRecorderLink::ReceiveAll(char* buffer, std::size_t size, Deadline deadli
             int error = 0;
             int length = sizeof error;
             getsockopt(socket_, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &length);
-            return Fail("the connection broke: " + ErrorText(error));
+            return Fail("the connection broke: " + sim::SocketErrorText(error));
         }
         const int count = recv(socket_, buffer + received, static_cast<int>(size - received), 0);
         if (count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK) continue;
         if (count == 0) return Fail("the recorder closed the connection before the whole reply arrived");
-        if (count < 0) return Fail("the connection broke: " + ErrorText(WSAGetLastError()));
+        if (count < 0) return Fail("the connection broke: " + sim::SocketErrorText(WSAGetLastError()));
         received += static_cast<std::size_t>(count);
     }
     return true;

@@ -120,6 +120,10 @@ void RecorderServer::AcceptAll() {
         SetNonBlocking(socket);
         const int noDelay = 1;  // one small frame per reply: send it at once
         setsockopt(socket, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&noDelay), sizeof noDelay);
+        // A fixed send buffer, larger than any reply, bounds what a client that never reads holds in the
+        // kernel (the system would grow it to megabytes).
+        const int sendBuffer = 256 * 1024;
+        setsockopt(socket, SOL_SOCKET, SO_SNDBUF, reinterpret_cast<const char*>(&sendBuffer), sizeof sendBuffer);
         auto connection = std::make_unique<Connection>();
         connection->socket = socket;
         connection->peer = PeerOf(socket);
