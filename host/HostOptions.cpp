@@ -26,17 +26,20 @@ const char kHostUsage[] =
     "                        broken frame gives the panel a zero result, as an unreachable recorder does\n"
     "  --screenshots DIR     show every category and every tab, save each as a PNG file in DIR (message\n"
     "                        tips too, which are then closed with Enter), list the files and exit\n"
-    "  --probe               send the version query through the request callback the panel gets, print\n"
-    "                        the result, the reply and the time taken, and exit; the plug-in is not loaded\n"
+    "  --probe               send the version query through the request callback the panel gets, check\n"
+    "                        the reply as the panel does, print the result, the reply (control\n"
+    "                        characters as \\xNN), what went wrong if anything, and the time taken, and\n"
+    "                        exit; the plug-in is not loaded\n"
     "  --version             show the version of this release and exit\n"
     "  --help                show this text\n"
     "\n"
     "The configuration-file requests of the panel are only logged. Replies longer than 2047 bytes are\n"
     "cut to 2047 bytes, so that the reply record stays terminated.\n"
     "\n"
-    "Exit status: 0 when the panel was closed, every screenshot was saved or the probe was answered;\n"
-    "1 when the plug-in could not be loaded or refused this host, a screenshot failed or the probe got\n"
-    "no answer; 2 for a wrong option.\n";
+    "Exit status: 0 when the panel was closed, every screenshot was saved or the probe was answered\n"
+    "with a reply the panel accepts; 1 when the plug-in could not be loaded or refused this host, a\n"
+    "screenshot failed or the probe got no answer; 2 for a wrong option or state file; 3 when the probe\n"
+    "was answered with a reply the panel refuses.\n";
 
 namespace {
 
@@ -58,6 +61,15 @@ std::optional<uint32_t> Number(const Text& text, uint32_t max) {
     }
     if (value > max) return std::nullopt;
     return value;
+}
+
+// What an option that takes a value accepts, for messages.
+std::string ValueOf(const std::wstring& option) {
+    if (option == L"--recorder") return "HOST:PORT with a port from 1 to 65535";
+    if (option == L"--timeout") return "milliseconds from 1 to 60000";
+    if (option == L"--model") return "a model text in plain ASCII";
+    if (option == L"--state") return "a file name in plain ASCII";
+    return option == L"--screenshots" ? "a folder" : "a file";
 }
 
 bool IsAscii(const std::wstring& text) {
@@ -103,7 +115,9 @@ ParsedOptions ParseHostOptions(const std::vector<std::wstring>& args) {
                                 option == L"--state" || option == L"--recorder" || option == L"--timeout" ||
                                 option == L"--screenshots";
         if (!takesValue) return invalid(Narrow(option) + " is not an option");
-        if (i + 1 >= args.size() || args[i + 1].empty()) return invalid(Narrow(option) + " needs a value");
+        if (i + 1 >= args.size() || args[i + 1].empty()) {
+            return invalid(Narrow(option) + " needs a value: " + ValueOf(option));
+        }
         const std::wstring& value = args[++i];
         if (option == L"--dll") {
             options.pluginPath = value;
@@ -112,20 +126,20 @@ ParsedOptions ParseHostOptions(const std::vector<std::wstring>& args) {
         } else if (option == L"--screenshots") {
             options.screenshotFolder = value;
         } else if (option == L"--state") {
-            if (!IsAscii(value)) return invalid("--state needs a file name in plain ASCII");
+            if (!IsAscii(value)) return invalid("--state " + Narrow(value) + ": not " + ValueOf(option));
             options.stateFile = Narrow(value);
         } else if (option == L"--model") {
-            if (!IsAscii(value)) return invalid("--model " + Narrow(value) + " is not a model text");
+            if (!IsAscii(value)) return invalid("--model " + Narrow(value) + ": not " + ValueOf(option));
             options.model = Narrow(value);
             modelGiven = true;
         } else if (option == L"--recorder") {
             if (!IsAscii(value) || !ParseRecorderAddress(Narrow(value), options.recorder)) {
-                return invalid("--recorder " + Narrow(value) + " is not HOST:PORT");
+                return invalid("--recorder " + Narrow(value) + ": not " + ValueOf(option));
             }
             options.useRecorder = true;
         } else {
             const std::optional<uint32_t> timeout = Number(value, kMaxTimeoutMs);
-            if (!timeout || *timeout == 0) return invalid("--timeout " + Narrow(value) + " is not from 1 to 60000");
+            if (!timeout || *timeout == 0) return invalid("--timeout " + Narrow(value) + ": not " + ValueOf(option));
             options.timeoutMs = *timeout;
             timeoutGiven = true;
         }

@@ -1,5 +1,7 @@
 #include "PluginLibrary.h"
 
+#include "Sockets.h"
+
 namespace varcfg::host {
 namespace {
 
@@ -23,7 +25,7 @@ bool PluginLibrary::Load(const std::wstring& path, std::string& problem) {
     Unload();
     module_ = LoadLibraryW(path.c_str());
     if (module_ == nullptr) {
-        problem = "cannot load the plug-in (Windows error " + std::to_string(GetLastError()) + ")";
+        problem = "cannot load the plug-in: " + sim::WindowsErrorText(GetLastError());
         return false;
     }
     MDVR_IsEnableDllFn isEnableDll = nullptr;

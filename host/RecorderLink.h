@@ -18,6 +18,8 @@ public:
     virtual std::optional<std::string> Exchange(const std::string& request) = 0;
     // Where the requests go, for the window title: "simulated in this program", "recorder at ...".
     virtual std::string Where() const = 0;
+    // Why the last exchange that answered nothing failed, in one line.
+    virtual std::string Problem() const = 0;
 
     // The recorder's model, as the last version reply reported it (or as known beforehand); empty until
     // then.
@@ -35,6 +37,7 @@ public:
     explicit SimulatedRecorderLink(sim::SimulatedRecorder& recorder);
     std::optional<std::string> Exchange(const std::string& request) override { return recorder_.Handle(request); }
     std::string Where() const override { return "simulated in this program"; }
+    std::string Problem() const override { return "the simulated recorder lost the request"; }
 
 private:
     sim::SimulatedRecorder& recorder_;

@@ -4,6 +4,9 @@
 
 #include <algorithm>
 
+#include "Framing.h"
+#include "Sockets.h"
+
 namespace varcfg::host {
 namespace {
 
@@ -11,13 +14,6 @@ long RemainingMs(std::chrono::steady_clock::time_point deadline) {
     const auto left =
         std::chrono::duration_cast<std::chrono::milliseconds>(deadline - std::chrono::steady_clock::now()).count();
     return left > 0 ? static_cast<long>(left) : 0;
-}
-
-std::string Frame(const std::string& text) {
-    const auto length = static_cast<uint32_t>(text.size());
-    std::string frame;
-    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
-    return frame + text;
 }
 
 }  // namespace
@@ -36,25 +32,27 @@ TcpRecorderLink::~TcpRecorderLink() {
 std::string TcpRecorderLink::Where() const { return "recorder at " + host_ + ":" + std::to_string(port_); }
 
 std::optional<std::string> TcpRecorderLink::Exchange(const std::string& request) {
-    if (!winsockStarted_ || request.size() > kMaxFrame) return std::nullopt;
-    const Deadline deadline = std::chrono::steady_clock::now() + timeout_;
-    if (socket_ == INVALID_SOCKET && !Connect(deadline)) return std::nullopt;
-
-    unsigned char header[4] = {};
-    std::string reply;
-    bool answered = SendAll(Frame(request), deadline) && ReceiveAll(reinterpret_cast<char*>(header), sizeof header, deadline);
-    if (answered) {
-        const uint32_t length = header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24);
-        answered = length <= kMaxFrame;
-        if (answered) {
-            reply.resize(length);
-            answered = ReceiveAll(reply.data(), reply.size(), deadline);
-        }
-    }
-    if (!answered) {
-        Disconnect();
+    if (!winsockStarted_) {
+        problem_ = "Winsock did not start";
         return std::nullopt;
     }
+    if (request.size() > kMaxFrame) {
+        problem_ = "the request is longer than " + std::to_string(kMaxFrame) + " bytes";
+        return std::nullopt;
+    }
+    const Deadline deadline = std::chrono::steady_clock::now() + timeout_;
+    if (socket_ != INVALID_SOCKET && ClosedMeanwhile()) Disconnect();
+    if (socket_ == INVALID_SOCKET && !Connect(deadline)) return std::nullopt;
+
+    char header[sim::kFrameHeaderSize] = {};
+    if (!SendAll(sim::Frame(request), deadline) || !ReceiveAll(header, sizeof header, deadline)) return std::nullopt;
+    const uint32_t length = sim::AnnouncedLength(header);
+    if (length > kMaxFrame) {
+        Fail("the reply frame announces " + std::to_string(length) + " bytes, more than " + std::to_string(kMaxFrame));
+        return std::nullopt;
+    }
+    std::string reply(length, '\0');
+    if (!ReceiveAll(reply.data(), reply.size(), deadline)) return std::nullopt;
     return reply;
 }
 
@@ -64,10 +62,10 @@ bool TcpRecorderLink::Connect(Deadline deadline) {
     hints.ai_socktype = SOCK_STREAM;
     hints.ai_protocol = IPPROTO_TCP;
     addrinfo* found = nullptr;
-    if (getaddrinfo(host_.c_str(), std::to_string(port_).c_str(), &hints, &found) != 0 || found == nullptr) {
-        return false;
-    }
+    const int lookup = getaddrinfo(host_.c_str(), std::to_string(port_).c_str(), &hints, &found);
+    if (lookup != 0 || found == nullptr) return Fail("cannot find the host " + host_ + ": " + sim::SocketErrorText(lookup));
     socket_ = socket(found->ai_family, found->ai_socktype, found->ai_protocol);
+    int error = socket_ == INVALID_SOCKET ? WSAGetLastError() : 0;
     bool connected = false;
     if (socket_ != INVALID_SOCKET) {
         // Non-blocking, so that every wait below is bounded by the deadline.
@@ -77,16 +75,37 @@ bool TcpRecorderLink::Connect(Deadline deadline) {
         setsockopt(socket_, IPPROTO_TCP, TCP_NODELAY, reinterpret_cast<const char*>(&noDelay), sizeof noDelay);
         if (connect(socket_, found->ai_addr, static_cast<int>(found->ai_addrlen)) == 0) {
             connected = true;
-        } else if (WSAGetLastError() == WSAEWOULDBLOCK && WaitFor(true, deadline)) {
-            int error = 0;
-            int size = sizeof error;
-            connected = getsockopt(socket_, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size) == 0 &&
-                        error == 0;
+        } else if ((error = WSAGetLastError()) == WSAEWOULDBLOCK) {
+            error = WSAETIMEDOUT;
+            // Connected, or failed before the deadline: the socket says which, and why.
+            if (WaitFor(true, deadline) || RemainingMs(deadline) > 0) {
+                int size = sizeof error;
+                getsockopt(socket_, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &size);
+            }
+            connected = error == 0;
         }
     }
     freeaddrinfo(found);
-    if (!connected) Disconnect();
-    return connected;
+    if (connected) return true;
+    if (error == WSAETIMEDOUT) {
+        return Fail("no connection to " + host_ + ":" + std::to_string(port_) + " within " +
+                    std::to_string(timeout_.count()) + " ms");
+    }
+    return Fail("cannot connect to " + host_ + ":" + std::to_string(port_) + ": " + sim::SocketErrorText(error));
+}
+
+bool TcpRecorderLink::Fail(const std::string& problem) {
+    problem_ = problem;
+    Disconnect();
+    return false;
+}
+
+bool TcpRecorderLink::ClosedMeanwhile() {
+    fd_set readable;
+    FD_ZERO(&readable);
+    FD_SET(socket_, &readable);
+    timeval now = {0, 0};
+    return select(0, &readable, nullptr, nullptr, &now) != 0;
 }
 
 void TcpRecorderLink::Disconnect() {
@@ -111,10 +130,12 @@ bool TcpRecorderLink::WaitFor(bool write, Deadline deadline) {
 bool TcpRecorderLink::SendAll(const std::string& bytes, Deadline deadline) {
     std::size_t sent = 0;
     while (sent < bytes.size()) {
-        if (!WaitFor(true, deadline)) return false;
+        if (!WaitFor(true, deadline)) {
+            return Fail("could not send the request within " + std::to_string(timeout_.count()) + " ms");
+        }
         const int count = send(socket_, bytes.data() + sent, static_cast<int>(bytes.size() - sent), 0);
         if (count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK) continue;
-        if (count <= 0) return false;
+        if (count <= 0) return Fail("the connection broke while sending: " + sim::SocketErrorText(WSAGetLastError()));
         sent += static_cast<std::size_t>(count);
     }
     return true;
@@ -123,10 +144,17 @@ bool TcpRecorderLink::SendAll(const std::string& bytes, Deadline deadline) {
 bool TcpRecorderLink::ReceiveAll(char* buffer, std::size_t size, Deadline deadline) {
     std::size_t received = 0;
     while (received < size) {
-        if (!WaitFor(false, deadline)) return false;
+        if (!WaitFor(false, deadline)) {
+            if (RemainingMs(deadline) == 0) return Fail("no reply within " + std::to_string(timeout_.count()) + " ms");
+            int error = 0;
+            int length = sizeof error;
+            getsockopt(socket_, SOL_SOCKET, SO_ERROR, reinterpret_cast<char*>(&error), &length);
+            return Fail("the connection broke: " + sim::SocketErrorText(error));
+        }
         const int count = recv(socket_, buffer + received, static_cast<int>(size - received), 0);
         if (count == SOCKET_ERROR && WSAGetLastError() == WSAEWOULDBLOCK) continue;
-        if (count <= 0) return false;  // the recorder closed the connection, or it broke
+        if (count == 0) return Fail("the recorder closed the connection before the whole reply arrived");
+        if (count < 0) return Fail("the connection broke: " + sim::SocketErrorText(WSAGetLastError()));
         received += static_cast<std::size_t>(count);
     }
     return true;

@@ -4,7 +4,6 @@
 
 #include <chrono>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -12,11 +11,12 @@
 
 #include "HostApp.h"
 #include "HostOptions.h"
+#include "Probe.h"
 #include "RecorderLink.h"
 #include "Screenshots.h"
 #include "SimulatedRecorder.h"
+#include "StateFile.h"
 #include "TcpRecorderLink.h"
-#include "protocol/Envelope.h"
 #include "protocol/ModelTable.h"
 #include "varcfg_version.h"
 
@@ -52,23 +52,6 @@ std::wstring LocateFile(const std::wstring& path) {
     if (Exists(here) || !std::filesystem::path(path).is_relative()) return here;
     const std::wstring besideProgram = FullPath(ProgramFolder() + path);
     return Exists(besideProgram) ? besideProgram : here;
-}
-
-// Sends the version query through the callback the plug-in would get, with the records laid out as
-// the plug-in lays them out.
-int Probe(RecorderLink& link) {
-    MDVR_MsgRecord records[2] = {};
-    MDVR_MsgRecord& request = records[0];
-    MDVR_MsgRecord& reply = records[1];
-    std::memcpy(request.data, varcfg::kVersionQueryText, sizeof varcfg::kVersionQueryText);
-    request.length = static_cast<int32_t>(std::strlen(varcfg::kVersionQueryText));
-    const auto start = std::chrono::steady_clock::now();
-    const int32_t result = CarryPluginRequest(MDVR_REQUEST_EXCHANGE, &request, &reply, &link);
-    const auto elapsed =
-        std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() - start).count();
-    std::printf("result %d\nreply %s\ntime %lld ms\n", static_cast<int>(result), reply.data,
-                static_cast<long long>(elapsed));
-    return result != 0 ? 0 : 1;
 }
 
 int RunPanel(const HostOptions& options, RecorderLink& link) {
@@ -133,7 +116,18 @@ int main() {
         link = std::make_unique<TcpRecorderLink>(options.recorder.host, options.recorder.port,
                                                  std::chrono::milliseconds(options.timeoutMs));
     } else {
+        if (!options.stateFile.empty()) {
+            const std::string fault = varcfg::sim::StateFile(options.stateFile).Fault();
+            if (!fault.empty()) {
+                std::fprintf(stderr, "varcfg-host: --state %s: %s (see --help)\n", options.stateFile.c_str(),
+                             fault.c_str());
+                return 2;
+            }
+        }
         recorder = std::make_unique<varcfg::sim::SimulatedRecorder>(options.model, options.stateFile);
+        recorder->OnSaveFailure([](const std::string& reason) {
+            std::fprintf(stderr, "varcfg-host: setting refused: %s\n", reason.c_str());
+        });
         if (!varcfg::BuiltInModelTable().ProfileOf(options.model)) {
             std::fprintf(stderr,
                          "varcfg-host: model %s is not in the model table: 4 video channels, no alarms, no serial "
@@ -144,5 +138,8 @@ int main() {
         if (!stateProblem.empty()) std::fprintf(stderr, "varcfg-host: %s\n", stateProblem.c_str());
         link = std::make_unique<SimulatedRecorderLink>(*recorder);
     }
-    return options.probe ? Probe(*link) : RunPanel(options, *link);
+    if (!options.probe) return RunPanel(options, *link);
+    const ProbeReport report = Probe(*link);
+    std::fputs(report.text.c_str(), stdout);
+    return report.status;
 }

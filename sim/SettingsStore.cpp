@@ -9,6 +9,9 @@ namespace {
 
 constexpr char kStartChannel[] = "StartChn";
 constexpr std::size_t kLargestStartChannel = 65535;
+constexpr std::string_view kSavedTextHeader = "# Simulated recorder settings: section [child [element]] attribute=value";
+// Its absence from a text that begins with the header shows that the text was cut short.
+constexpr std::string_view kSavedTextEnd = "# end";
 
 std::string Escaped(std::string_view text) {
     std::string escaped;
@@ -266,7 +269,7 @@ void SettingsStore::Apply(const std::vector<Change>& changes) {
 }
 
 std::string SettingsStore::SavedText() const {
-    std::string text = "# Simulated recorder settings: section [child [element]] attribute=value\n";
+    std::string text = std::string(kSavedTextHeader) + '\n';
     const auto appendLines = [&text](const std::string& where, const std::vector<SettingField>& fields,
                                      const std::vector<std::string>& values) {
         for (std::size_t i = 0; i < fields.size(); ++i) {
@@ -286,7 +289,9 @@ std::string SettingsStore::SavedText() const {
             }
         }
     }
-    return text;
+    for (const std::string& line : untakenLines_) text += line + '\n';
+    text += kSavedTextEnd;
+    return text + '\n';
 }
 
 std::optional<SettingsStore::Change> SettingsStore::PlanSavedLine(std::string_view line) const {
@@ -311,23 +316,32 @@ std::optional<SettingsStore::Change> SettingsStore::PlanSavedLine(std::string_vi
     return PlanField(section, *number, true, group.nestedFields, attribute, true);
 }
 
-int SettingsStore::LoadSavedText(std::string_view text, std::string& firstFault) {
-    int faults = 0;
+SettingsStore::LoadReport SettingsStore::LoadSavedText(std::string_view text) {
+    LoadReport report;
+    report.cutShort = text.substr(0, text.find('\n')) == kSavedTextHeader;  // until its end line is seen
     int lineNumber = 0;
     while (!text.empty()) {
         const std::size_t end = text.find('\n');
+        if (end == std::string_view::npos) {
+            report.cutShort = true;
+            break;
+        }
         std::string_view line = text.substr(0, end);
-        text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
+        text.remove_prefix(end + 1);
         ++lineNumber;
         if (!line.empty() && line.back() == '\r') line.remove_suffix(1);
+        if (line == kSavedTextEnd) report.cutShort = false;
         if (line.empty() || line.front() == '#') continue;
         if (std::optional<Change> change = PlanSavedLine(line)) {
             Apply({*change});
-        } else if (++faults == 1) {
-            firstFault = "line " + std::to_string(lineNumber) + ": not a value this recorder keeps";
+            continue;
+        }
+        untakenLines_.emplace_back(line);
+        if (++report.notTaken == 1) {
+            report.firstNotTaken = "line " + std::to_string(lineNumber) + ": not a value this recorder keeps";
         }
     }
-    return faults;
+    return report;
 }
 
 }  // namespace varcfg::sim

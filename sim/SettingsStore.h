@@ -41,11 +41,19 @@ public:
 
     void Apply(const std::vector<Change>& changes);
 
-    // The saved form: one line per kept value, "section [child [nested]] attribute=value".
+    // The saved form: one line per kept value, "section [child [nested]] attribute=value", then the lines
+    // a loaded text held that this recorder does not take, as they were, then an end line.
     std::string SavedText() const;
-    // Takes every line of a saved text that the recorder would accept as written. Returns how many lines
-    // were not taken and describes the first of them.
-    int LoadSavedText(std::string_view text, std::string& firstFault);
+
+    struct LoadReport {
+        int notTaken = 0;           // lines kept as written, but not taken
+        std::string firstNotTaken;  // "line N: ..." for the first of them
+        bool cutShort = false;      // the text ends inside a line, or lacks the end line of a saved text
+    };
+    // Takes every line of a saved text that the recorder would accept as written, and keeps the others
+    // (another model's channels, a value out of range) to be saved again. A last line without its line
+    // break is neither taken nor kept: it may have been cut.
+    LoadReport LoadSavedText(std::string_view text);
 
 private:
     struct ChildValues {
@@ -66,6 +74,7 @@ private:
 
     Capabilities capabilities_;
     std::vector<SectionValues> sections_;  // parallel to Catalog()
+    std::vector<std::string> untakenLines_;
 };
 
 }  // namespace varcfg::sim

@@ -2,9 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <thread>
 #include <utility>
 
@@ -43,9 +40,10 @@ std::string SettingReply(const std::string& action, bool accepted) {
 SimulatedRecorder::SimulatedRecorder(std::string model, std::string stateFile)
     : model_(std::move(model)),
       capabilities_(CapabilitiesOf(model_)),
-      stateFile_(std::move(stateFile)),
       store_(model_, capabilities_) {
-    if (!stateFile_.empty()) ReadStateFile();
+    if (stateFile.empty()) return;
+    stateFile_.emplace(std::move(stateFile));
+    ReadStateFile();
 }
 
 std::optional<std::string> SimulatedRecorder::Handle(std::string_view request) {
@@ -84,6 +82,11 @@ void SimulatedRecorder::SetFaults(const Faults& faults) {
 std::string SimulatedRecorder::StateFileProblem() const {
     const std::lock_guard<std::mutex> lock(mutex_);
     return stateFileProblem_;
+}
+
+void SimulatedRecorder::OnSaveFailure(std::function<void(const std::string&)> report) {
+    const std::lock_guard<std::mutex> lock(mutex_);
+    reportSaveFailure_ = std::move(report);
 }
 
 std::string SimulatedRecorder::Answer(std::string_view request) {
@@ -188,54 +191,35 @@ bool SimulatedRecorder::SettingRefusedByFault() {
 
 // With a state file, a setting is taken only once it is saved.
 bool SimulatedRecorder::Commit(const std::vector<SettingsStore::Change>& changes) {
-    if (stateFile_.empty() || changes.empty()) {
+    if (!stateFile_ || changes.empty()) {
         store_.Apply(changes);
         return true;
     }
     SettingsStore changed = store_;
     changed.Apply(changes);
-    if (!WriteStateFile(changed.SavedText())) return false;
+    stateFileProblem_ = stateFile_->Write(changed.SavedText());
+    if (!stateFileProblem_.empty()) {
+        if (reportSaveFailure_) reportSaveFailure_(stateFileProblem_);
+        return false;
+    }
     store_ = std::move(changed);
     return true;
 }
 
 void SimulatedRecorder::ReadStateFile() {
-    std::ifstream in(std::filesystem::path(stateFile_), std::ios::binary);
-    if (!in) return;  // the first start: factory values until something is written
-    const std::string text((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
-    std::string fault;
-    const int faults = store_.LoadSavedText(text, fault);
-    if (faults > 0) {
-        stateFileProblem_ = stateFile_ + ": " + std::to_string(faults) + " line(s) not taken, " + fault;
+    const std::optional<std::string> text = stateFile_->Read(stateFileProblem_);
+    if (!text) return;
+    const SettingsStore::LoadReport report = store_.LoadSavedText(*text);
+    std::string problem;
+    if (report.notTaken > 0) {
+        problem = std::to_string(report.notTaken) + " line(s) not taken (kept as written), the first at " +
+                  report.firstNotTaken;
     }
-}
-
-// Written beside the state file and renamed over it, so that a crash leaves the old file or the new.
-bool SimulatedRecorder::WriteStateFile(const std::string& text) {
-    const std::filesystem::path target(stateFile_);
-    std::filesystem::path temporary = target;
-    temporary += ".tmp";
-    {
-        std::ofstream out(temporary, std::ios::binary | std::ios::trunc);
-        out << text;
-        out.close();
-        if (!out) {
-            stateFileProblem_ = temporary.string() + ": cannot be written";
-            std::error_code ignored;
-            std::filesystem::remove(temporary, ignored);
-            return false;
-        }
+    if (report.cutShort) {
+        if (!problem.empty()) problem += "; ";
+        problem += "cut short: settings missing from its end have factory values";
     }
-    std::error_code error;
-    std::filesystem::rename(temporary, target, error);
-    if (error) {
-        stateFileProblem_ = stateFile_ + ": " + error.message();
-        std::error_code ignored;
-        std::filesystem::remove(temporary, ignored);
-        return false;
-    }
-    stateFileProblem_.clear();
-    return true;
+    if (!problem.empty()) stateFileProblem_ = stateFile_->Path().string() + ": " + problem;
 }
 
 }  // namespace varcfg::sim

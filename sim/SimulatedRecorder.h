@@ -11,6 +11,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <mutex>
 #include <optional>
 #include <string>
@@ -18,6 +19,7 @@
 #include <vector>
 
 #include "SettingsStore.h"
+#include "StateFile.h"
 #include "protocol/ModelTable.h"
 
 namespace varcfg::sim {
@@ -36,7 +38,8 @@ class SimulatedRecorder {
 public:
     // The model text selects the capabilities from the built-in model table; a model the table does not
     // know has four video channels and no alarm inputs, alarm outputs or serial ports. With a state file,
-    // the settings kept in it are taken at once, and every accepted setting is saved to it.
+    // the settings kept in it are taken at once, and every accepted setting is saved to it; a setting
+    // that cannot be saved is refused. A program should refuse a state file with a StateFile::Fault.
     explicit SimulatedRecorder(std::string model, std::string stateFile = {});
 
     SimulatedRecorder(const SimulatedRecorder&) = delete;
@@ -61,6 +64,9 @@ public:
     const Capabilities& Profile() const { return capabilities_; }
     // What went wrong when the state file was last read or written; empty when nothing did.
     std::string StateFileProblem() const;
+    // Called with the reason, under the recorder's lock, whenever a setting is refused because it could
+    // not be saved.
+    void OnSaveFailure(std::function<void(const std::string&)> report);
 
 private:
     std::string Answer(std::string_view request);
@@ -71,16 +77,16 @@ private:
     bool SettingRefusedByFault();
     bool Commit(const std::vector<SettingsStore::Change>& changes);
     void ReadStateFile();
-    bool WriteStateFile(const std::string& text);
 
     std::string model_;
     Capabilities capabilities_;
-    std::string stateFile_;
+    std::optional<StateFile> stateFile_;
     SettingsStore store_;
     Faults faults_;
     unsigned requestCount_ = 0;
     unsigned settingCount_ = 0;
     std::string stateFileProblem_;
+    std::function<void(const std::string&)> reportSaveFailure_;
     mutable std::mutex mutex_;  // one exchange at a time, as on a real recorder
 };
 

@@ -4,80 +4,71 @@
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <cstring>
 #include <optional>
 #include <string>
 #include <string_view>
 
+#include "RecorderServer.h"
 #include "SimulatedRecorder.h"
+#include "Sockets.h"
+#include "StateFile.h"
 
-#ifdef _WIN32
-#include <winsock2.h>
-#include <ws2tcpip.h>
-#else
-#include <arpa/inet.h>
-#include <netinet/in.h>
-#include <sys/select.h>
-#include <sys/socket.h>
-#include <unistd.h>
-
-#include <cerrno>
+#ifndef _WIN32
 #include <csignal>
 #endif
 
 namespace {
 
+using varcfg::sim::Socket;
+
 constexpr char kUsage[] =
     "usage: mdvr-sim [options]\n"
     "\n"
-    "Serves a simulated recorder on a TCP port, one connection at a time, until stopped\n"
+    "Serves a simulated recorder on a TCP port to any number of clients at once, until stopped\n"
     "(Ctrl+C, SIGINT or SIGTERM).\n"
     "\n"
-    "  --model TEXT    the recorder's model, which sets its video channels, alarm inputs and\n"
-    "                  outputs and serial ports (default MR8-O1)\n"
-    "  --port N        the TCP port; 0 picks a free one (default 0)\n"
-    "  --listen ADDR   the IPv4 address to listen on (default 127.0.0.1); an address outside\n"
-    "                  127.0.0.0/8 is refused unless --allow-remote is given as well\n"
-    "  --allow-remote  allow --listen with an address that other machines can reach\n"
-    "  --state FILE    keep the settings in FILE: read at start, saved after every accepted setting\n"
-    "  --latency MS    wait MS milliseconds (at most 60000) before every reply\n"
-    "  --help          show this text\n"
+    "  --model TEXT       the recorder's model, which sets its video channels, alarm inputs and\n"
+    "                     outputs and serial ports (default MR8-O1)\n"
+    "  --port N           the TCP port, 0 to 65535; 0 picks a free one (default 0)\n"
+    "  --listen ADDR      the IPv4 address to listen on (default 127.0.0.1); an address outside\n"
+    "                     127.0.0.0/8 is refused unless --allow-remote is given as well\n"
+    "  --allow-remote     allow --listen with an address that other machines can reach\n"
+    "  --state FILE       keep the settings in FILE: read at start, saved after every accepted setting.\n"
+    "                     A new FILE is made readable by its owner only; a link is followed\n"
+    "  --latency MS       wait MS milliseconds, 0 to 60000, before every reply (default 0)\n"
+    "  --idle-limit MS    drop a client that sends no request for MS milliseconds, 1 to 86400000\n"
+    "                     (default 600000)\n"
+    "  --frame-limit MS   drop a client whose request takes longer than MS milliseconds to arrive\n"
+    "                     whole, 1 to 600000 (default 10000)\n"
+    "  --send-limit MS    drop a client that leaves a reply unread for MS milliseconds, 1 to 600000\n"
+    "                     (default 10000)\n"
+    "  --help             show this text\n"
     "\n"
-    "When ready it prints one line, \"listening on ADDR:PORT\", on standard output.\n"
+    "When ready it prints one line, \"listening on ADDR:PORT\", on standard output. Clients it drops\n"
+    "and settings it cannot save are reported on standard error.\n"
     "\n"
     "Framing: each request is a 4-byte little-endian length followed by that many bytes of request\n"
     "text (what the panel writes into its request record, without the terminator). Each reply comes\n"
-    "back the same way. A length above 65536 ends the connection.\n";
+    "back the same way. A length above 65536 ends the connection.\n"
+    "\n"
+    "Exit status: 0 when stopped, 1 when it cannot listen, 2 for a wrong option or state file.\n";
 
 constexpr char kDefaultModel[] = "MR8-O1";
-constexpr uint32_t kMaxFrame = 64 * 1024;
-constexpr uint64_t kMaxLatencyMs = 60000;
-constexpr long kPollMs = 200;
-// A client that stops in the middle of a frame is dropped, so the next one can be served.
-constexpr std::chrono::seconds kStallLimit{10};
 
 std::atomic<bool> stopRequested{false};
 static_assert(std::atomic<bool>::is_always_lock_free, "the flag is set from a signal handler");
 
 #ifdef _WIN32
-using Socket = SOCKET;
-const Socket kNoSocket = INVALID_SOCKET;
-void CloseSocket(Socket socket) { closesocket(socket); }
-bool Interrupted() { return false; }
 BOOL WINAPI OnConsoleControl(DWORD) {
     stopRequested = true;
     return TRUE;
 }
 void InstallStopHandlers() { SetConsoleCtrlHandler(OnConsoleControl, TRUE); }
 #else
-using Socket = int;
-const Socket kNoSocket = -1;
-void CloseSocket(Socket socket) { close(socket); }
-bool Interrupted() { return errno == EINTR; }
 void OnStopSignal(int) { stopRequested = true; }
 void InstallStopHandlers() {
     struct sigaction action = {};
-    action.sa_handler = OnStopSignal;  // without SA_RESTART: a waiting select returns at once
+    action.sa_handler = OnStopSignal;  // without SA_RESTART: a waiting poll returns at once
     sigemptyset(&action.sa_mask);
     sigaction(SIGINT, &action, nullptr);
     sigaction(SIGTERM, &action, nullptr);
@@ -87,138 +78,136 @@ void InstallStopHandlers() {
 
 struct Options {
     std::string model = kDefaultModel;
-    uint16_t port = 0;
+    uint64_t port = 0;
     std::string listen = "127.0.0.1";
     bool allowRemote = false;
     std::string stateFile;
     uint64_t latencyMs = 0;
+    uint64_t idleLimitMs = 600000;
+    uint64_t frameLimitMs = 10000;
+    uint64_t sendLimitMs = 10000;
+};
+
+struct NumberOption {
+    std::string_view name;
+    uint64_t least;
+    uint64_t most;
+    uint64_t Options::*value;
+};
+
+constexpr NumberOption kNumberOptions[] = {
+    {"--port", 0, 65535, &Options::port},
+    {"--latency", 0, 60000, &Options::latencyMs},
+    {"--idle-limit", 1, 86400000, &Options::idleLimitMs},
+    {"--frame-limit", 1, 600000, &Options::frameLimitMs},
+    {"--send-limit", 1, 600000, &Options::sendLimitMs},
+};
+
+struct TextOption {
+    std::string_view name;
+    std::string_view what;
+    std::string Options::*value;
+};
+
+const TextOption kTextOptions[] = {
+    {"--model", "a model text such as MR8-O1", &Options::model},
+    {"--listen", "an IPv4 address such as 127.0.0.1", &Options::listen},
+    {"--state", "a file name", &Options::stateFile},
 };
 
 enum class Parsed { Run, Help, Invalid };
 
+// Reports a wrong option or option value; returns the exit status for it.
+int Complain(const std::string& problem) {
+    std::fprintf(stderr, "mdvr-sim: %s (see --help)\n", problem.c_str());
+    return 2;
+}
+
 Parsed ParseOptions(int argc, char** argv, Options& options) {
     for (int i = 1; i < argc; ++i) {
-        const std::string_view option = argv[i];
+        const std::string option = argv[i];
         if (option == "--help" || option == "-h") return Parsed::Help;
         if (option == "--allow-remote") {
             options.allowRemote = true;
             continue;
         }
-        if (i + 1 >= argc) {
-            std::fprintf(stderr, "mdvr-sim: %s needs a value (see --help)\n", argv[i]);
-            return Parsed::Invalid;
+        const bool hasValue = i + 1 < argc;
+        const std::string value = hasValue ? argv[i + 1] : "";
+        i += hasValue ? 1 : 0;
+        bool known = false;
+        for (const NumberOption& number : kNumberOptions) {
+            if (option != number.name) continue;
+            known = true;
+            const std::string range =
+                "a number from " + std::to_string(number.least) + " to " + std::to_string(number.most);
+            if (!hasValue) {
+                Complain(option + " needs a value: " + range);
+                return Parsed::Invalid;
+            }
+            const std::optional<uint64_t> parsed = varcfg::sim::PlainNumber(value);
+            if (!parsed || *parsed < number.least || *parsed > number.most) {
+                Complain(option + " " + value + ": not " + range);
+                return Parsed::Invalid;
+            }
+            options.*number.value = *parsed;
         }
-        const std::string_view value = argv[++i];
-        const std::optional<uint64_t> number = varcfg::sim::PlainNumber(value);
-        if (option == "--model" && !value.empty()) {
-            options.model = value;
-        } else if (option == "--port" && number && *number <= 65535) {
-            options.port = static_cast<uint16_t>(*number);
-        } else if (option == "--listen") {
-            options.listen = value;
-        } else if (option == "--state" && !value.empty()) {
-            options.stateFile = value;
-        } else if (option == "--latency" && number && *number <= kMaxLatencyMs) {
-            options.latencyMs = *number;
-        } else {
-            std::fprintf(stderr, "mdvr-sim: %s %s is not a valid option (see --help)\n", argv[i - 1], argv[i]);
+        for (const TextOption& text : kTextOptions) {
+            if (option != text.name) continue;
+            known = true;
+            if (value.empty()) {
+                Complain(option + " needs a value: " + std::string(text.what));
+                return Parsed::Invalid;
+            }
+            options.*text.value = value;
+        }
+        if (!known) {
+            Complain(option + " is not an option");
             return Parsed::Invalid;
         }
     }
     return Parsed::Run;
 }
 
-enum class Wait { Ready, TimedOut, Failed };
-
-Wait WaitReadable(Socket socket) {
-    fd_set readable;
-    FD_ZERO(&readable);
-    FD_SET(socket, &readable);
-    timeval timeout = {0, kPollMs * 1000};
-#ifdef _WIN32
-    const int ready = select(0, &readable, nullptr, nullptr, &timeout);
-#else
-    const int ready = select(socket + 1, &readable, nullptr, nullptr, &timeout);
-#endif
-    if (ready > 0) return Wait::Ready;
-    if (ready == 0 || Interrupted()) return Wait::TimedOut;
-    return Wait::Failed;
-}
-
-// Reads exactly size bytes. Between frames a client may stay quiet as long as it likes; once a frame
-// has begun, it must go on arriving.
-bool ReceiveAll(Socket socket, char* buffer, std::size_t size, bool frameBegun) {
-    std::size_t received = 0;
-    auto lastProgress = std::chrono::steady_clock::now();
-    while (received < size) {
-        if (stopRequested) return false;
-        const Wait wait = WaitReadable(socket);
-        if (wait == Wait::Failed) return false;
-        if (wait == Wait::TimedOut) {
-            const bool stalled = std::chrono::steady_clock::now() - lastProgress > kStallLimit;
-            if ((frameBegun || received > 0) && stalled) return false;
-            continue;
-        }
-        const int count = recv(socket, buffer + received, static_cast<int>(size - received), 0);
-        if (count <= 0) {
-            if (count < 0 && Interrupted()) continue;
-            return false;
-        }
-        received += static_cast<std::size_t>(count);
-        lastProgress = std::chrono::steady_clock::now();
-    }
-    return true;
-}
-
-bool SendAll(Socket socket, const std::string& bytes) {
-    std::size_t sent = 0;
-    while (sent < bytes.size()) {
-        const int count = send(socket, bytes.data() + sent, static_cast<int>(bytes.size() - sent), 0);
-        if (count <= 0) {
-            if (count < 0 && Interrupted()) continue;
-            return false;
-        }
-        sent += static_cast<std::size_t>(count);
-    }
-    return true;
-}
-
-std::string Frame(const std::string& text) {
-    const auto length = static_cast<uint32_t>(text.size());
-    std::string frame;
-    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
-    return frame + text;
-}
-
-// Answers frames until the client leaves, sends a bad frame, or a request is lost (an injected
-// transport failure, which a client sees as the connection ending).
-void Serve(Socket connection, varcfg::sim::SimulatedRecorder& recorder) {
-    for (;;) {
-        unsigned char header[4];
-        if (!ReceiveAll(connection, reinterpret_cast<char*>(header), sizeof header, false)) return;
-        const uint32_t length = header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24);
-        if (length > kMaxFrame) return;
-        std::string request(length, '\0');
-        if (!ReceiveAll(connection, request.data(), request.size(), true)) return;
-        const std::optional<std::string> reply = recorder.Handle(request);
-        if (!reply || !SendAll(connection, Frame(*reply))) return;
-    }
-}
-
 bool IsLoopback(const in_addr& address) { return (reinterpret_cast<const unsigned char*>(&address)[0]) == 127; }
+
+// A socket listening on address:port with the longest backlog the system allows; the port it got (for a
+// port of 0) in bound.
+std::optional<Socket> Listen(const in_addr& address, uint16_t port, sockaddr_in& bound, std::string& problem) {
+    const Socket listener = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
+    if (listener == varcfg::sim::kNoSocket) {
+        problem = varcfg::sim::SocketErrorText(varcfg::sim::LastSocketError());
+        return std::nullopt;
+    }
+#ifndef _WIN32
+    const int reuse = 1;  // a restart may take the port at once
+    setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &reuse, sizeof reuse);
+#endif
+    bound = {};
+    bound.sin_family = AF_INET;
+    bound.sin_addr = address;
+    bound.sin_port = htons(port);
+    socklen_t boundSize = sizeof bound;
+    if (bind(listener, reinterpret_cast<sockaddr*>(&bound), sizeof bound) != 0 || listen(listener, SOMAXCONN) != 0 ||
+        getsockname(listener, reinterpret_cast<sockaddr*>(&bound), &boundSize) != 0) {
+        problem = varcfg::sim::SocketErrorText(varcfg::sim::LastSocketError());
+        varcfg::sim::CloseSocket(listener);
+        return std::nullopt;
+    }
+    return listener;
+}
 
 int Run(const Options& options) {
     in_addr address = {};
     if (inet_pton(AF_INET, options.listen.c_str(), &address) != 1) {
-        std::fprintf(stderr, "mdvr-sim: --listen %s is not an IPv4 address\n", options.listen.c_str());
-        return 2;
+        return Complain("--listen " + options.listen + ": not an IPv4 address such as 127.0.0.1");
     }
     if (!IsLoopback(address) && !options.allowRemote) {
-        std::fprintf(stderr,
-                     "mdvr-sim: refusing to listen on %s, which other machines can reach; "
-                     "add --allow-remote to do so\n",
-                     options.listen.c_str());
-        return 2;
+        return Complain("--listen " + options.listen +
+                       ": other machines can reach this address; add --allow-remote to listen on it");
+    }
+    if (!options.stateFile.empty()) {
+        const std::string fault = varcfg::sim::StateFile(options.stateFile).Fault();
+        if (!fault.empty()) return Complain("--state " + options.stateFile + ": " + fault);
     }
 
     varcfg::sim::SimulatedRecorder recorder(options.model, options.stateFile);
@@ -229,46 +218,29 @@ int Run(const Options& options) {
     }
     const std::string stateProblem = recorder.StateFileProblem();
     if (!stateProblem.empty()) std::fprintf(stderr, "mdvr-sim: %s\n", stateProblem.c_str());
-    varcfg::sim::Faults faults;
-    faults.latency = std::chrono::milliseconds(options.latencyMs);
-    recorder.SetFaults(faults);
+    recorder.OnSaveFailure([](const std::string& reason) {
+        std::fprintf(stderr, "mdvr-sim: setting refused: %s\n", reason.c_str());
+    });
 
-    const Socket listener = socket(AF_INET, SOCK_STREAM, IPPROTO_TCP);
-    if (listener == kNoSocket) {
-        std::fprintf(stderr, "mdvr-sim: no socket\n");
-        return 1;
-    }
-#ifndef _WIN32
-    const int reuse = 1;  // a restart may take the port at once
-    setsockopt(listener, SOL_SOCKET, SO_REUSEADDR, &reuse, sizeof reuse);
-#endif
     sockaddr_in bound = {};
-    bound.sin_family = AF_INET;
-    bound.sin_addr = address;
-    bound.sin_port = htons(options.port);
-    socklen_t boundSize = sizeof bound;
-    if (bind(listener, reinterpret_cast<sockaddr*>(&bound), sizeof bound) != 0 || listen(listener, 4) != 0 ||
-        getsockname(listener, reinterpret_cast<sockaddr*>(&bound), &boundSize) != 0) {
-        std::fprintf(stderr, "mdvr-sim: cannot listen on %s:%u\n", options.listen.c_str(), unsigned{options.port});
-        CloseSocket(listener);
+    std::string problem;
+    const std::optional<Socket> listener = Listen(address, static_cast<uint16_t>(options.port), bound, problem);
+    if (!listener) {
+        std::fprintf(stderr, "mdvr-sim: cannot listen on %s:%u: %s\n", options.listen.c_str(),
+                     static_cast<unsigned>(options.port), problem.c_str());
         return 1;
     }
 
+    varcfg::sim::ServerLimits limits;
+    limits.idle = std::chrono::milliseconds(options.idleLimitMs);
+    limits.frame = std::chrono::milliseconds(options.frameLimitMs);
+    limits.send = std::chrono::milliseconds(options.sendLimitMs);
+    limits.latency = std::chrono::milliseconds(options.latencyMs);
+    varcfg::sim::RecorderServer server(recorder, *listener, limits);
     InstallStopHandlers();
     std::printf("listening on %s:%u\n", options.listen.c_str(), unsigned{ntohs(bound.sin_port)});
     std::fflush(stdout);
-
-    while (!stopRequested) {
-        const Wait wait = WaitReadable(listener);
-        if (wait == Wait::Failed) break;
-        if (wait == Wait::TimedOut) continue;
-        const Socket connection = accept(listener, nullptr, nullptr);
-        if (connection == kNoSocket) continue;
-        Serve(connection, recorder);
-        CloseSocket(connection);
-    }
-    CloseSocket(listener);
-    return 0;
+    return server.Run(stopRequested) ? 0 : 1;
 }
 
 }  // namespace

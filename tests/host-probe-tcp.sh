@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # varcfg-host --probe against the native mdvr-sim on a loopback port: the recorder answers; the
-# recorder is too slow for the host's time-out; nobody listens on the port. The probe sends the
-# version query through the request callback the panel gets, so these are the panel's results.
+# recorder is too slow for the host's time-out; nobody listens on the port; the host name is unknown.
+# The probe sends the version query through the request callback the panel gets, so these are the
+# panel's results; each failure comes with one line of reason.
 # Usage: host-probe-tcp.sh VARCFG_HOST_EXE NATIVE_MDVR_SIM WINE_RUN
 set -uo pipefail
 host_exe=$1 sim=$2 wine_run=$3
@@ -16,7 +17,7 @@ sim_pid=
 stop_sim() {
   [ -n "$sim_pid" ] || return 0
   kill "$sim_pid" 2>/dev/null
-  # A recorder asleep in its latency would finish that first: it gets half a second, then no more.
+  # It ends at once, even while it waits out a latency; one that does not is killed after half a second.
   for _ in $(seq 5); do kill -0 "$sim_pid" 2>/dev/null || break; sleep 0.1; done
   kill -KILL "$sim_pid" 2>/dev/null
   wait "$sim_pid" 2>/dev/null
@@ -41,9 +42,10 @@ start_sim() {
   exit 1
 }
 
-# Runs the probe against the port; its output goes to $work/probe.out, its exit status to status.
+# Runs the probe against the port (or the host given in recorder); its output goes to $work/probe.out,
+# its exit status to status.
 probe() {
-  timeout 60 "$wine_run" "$host_exe" --recorder "127.0.0.1:$port" --probe "$@" >"$work/probe.out" 2>&1
+  timeout 60 "$wine_run" "$host_exe" --recorder "${recorder:-127.0.0.1:$port}" --probe "$@" >"$work/probe.out" 2>&1
   status=$?
   tr -d '\r' <"$work/probe.out" >"$work/probe.txt"
 }
@@ -66,8 +68,9 @@ stop_sim
 start_sim --latency 3000
 probe --timeout 500
 ms=$(elapsed_ms)
-if [ "$(field result)" != 0 ] || [ "$status" -ne 1 ] || [ -n "$(field reply)" ]; then
-  fail "a slow recorder: expected result 0, no reply and status 1, got status $status: $(cat "$work/probe.txt")"
+if [ "$(field result)" != 0 ] || [ "$status" -ne 1 ] || [ -n "$(field reply)" ] ||
+   [ "$(field problem)" != "no reply within 500 ms" ]; then
+  fail "a slow recorder: expected result 0, no reply, its reason and status 1, got status $status: $(cat "$work/probe.txt")"
 fi
 if [ -z "$ms" ] || [ "$ms" -lt 450 ] || [ "$ms" -gt 1000 ]; then
   fail "a slow recorder: the exchange should end after about 500 ms, it took '${ms}' ms"
@@ -77,6 +80,10 @@ stop_sim
 # 3. The same port with nobody listening: a zero result at once, not after the 3 s time-out.
 probe --timeout 3000
 ms=$(elapsed_ms)
+case "$(field problem)" in
+  "cannot connect to 127.0.0.1:$port: "*"(Windows error 10061)") ;;
+  *) fail "a refused connection: expected the refusal with its Windows text, got: $(cat "$work/probe.txt")" ;;
+esac
 if [ "$(field result)" != 0 ] || [ "$status" -ne 1 ]; then
   fail "a refused connection: expected result 0 and status 1, got status $status: $(cat "$work/probe.txt")"
 fi
@@ -84,8 +91,16 @@ if [ -z "$ms" ] || [ "$ms" -gt 1000 ]; then
   fail "a refused connection: the exchange should end at once, it took '${ms}' ms"
 fi
 
+# 4. A host name that does not exist: no answer, and the name in the reason.
+recorder=no-such-host.invalid:6000 probe
+case "$(field problem)" in
+  "cannot find the host no-such-host.invalid: "*) ;;
+  *) fail "an unknown host: expected its name in the reason, got: $(cat "$work/probe.txt")" ;;
+esac
+[ "$status" -eq 1 ] || fail "an unknown host: expected status 1, got $status"
+
 if [ "$failures" -ne 0 ]; then
-  echo "host-probe-tcp: $failures of 3 cases failed"
+  echo "host-probe-tcp: $failures failures in 4 cases"
   exit 1
 fi
-echo "host-probe-tcp: 3 cases passed"
+echo "host-probe-tcp: 4 cases passed"

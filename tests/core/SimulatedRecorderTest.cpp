@@ -9,15 +9,16 @@
 #include <iterator>
 #include <map>
 #include <optional>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
+#include <sys/stat.h>
 #include <tinyxml.h>
 
 #include "HostCallback.h"
 #include "SimulatedRecorder.h"
+#include "TemporaryFolder.h"
 #include "protocol/ConfigTask.h"
 #include "protocol/Envelope.h"
 #include "protocol/IpText.h"
@@ -141,16 +142,6 @@ private:
 using Names = std::vector<std::string>;
 
 // A folder of its own for one test, removed afterwards.
-struct TemporaryFolder {
-    TemporaryFolder() { std::filesystem::create_directories(path); }
-    ~TemporaryFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    const std::filesystem::path path =
-        std::filesystem::temp_directory_path() / ("mdvr-sim-test-" + std::to_string(std::random_device()()));
-};
-
 std::string ReadFile(const std::string& path) {
     std::ifstream in(path, std::ios::binary);
     return std::string((std::istreambuf_iterator<char>(in)), std::istreambuf_iterator<char>());
@@ -346,21 +337,116 @@ TEST(SimulatedRecorder, KeepsItsSettingsInTheStateFile) {
     ASSERT_FALSE(Set(second, R"(<VariCfgSec Action="DEVICE_SET"><stPtt usFD_GroupNo="65536" /></VariCfgSec>)"));
     EXPECT_EQ(ReadFile(stateFile), saved);
 
-    // A file edited by hand: its good lines are taken, the others are counted and the first named.
-    std::ofstream(stateFile, std::ios::binary | std::ios::app)
-        << "stPtt usFD_GroupNo=77\r\nstPtt usFD_GroupNo=99999\nstVersion Model=MR1-J1\nnonsense\n";
+    // A file edited by hand: its good lines are taken; the others are counted, the first named, and
+    // written back as they were at the next save.
+    const std::vector<std::string> untaken = {"stPtt usFD_GroupNo=99999", "stVersion Model=MR1-J1", "nonsense"};
+    {
+        std::ofstream edit(stateFile, std::ios::binary | std::ios::app);
+        edit << "stPtt usFD_GroupNo=77\r\n";
+        for (const std::string& line : untaken) edit << line << '\n';
+    }
     SimulatedRecorder third(kLargeModel, stateFile);
     EXPECT_EQ(Section(third, QueryText("stPtt")).Value("", "usFD_GroupNo"), "77");
     EXPECT_EQ(Section(third, varcfg::kVersionQueryText).Value("", "Model"), kLargeModel);
     const std::string firstBadLine = "line " + std::to_string(std::count(saved.begin(), saved.end(), '\n') + 2) + ":";
-    EXPECT_NE(third.StateFileProblem().find("3 line(s) not taken, " + firstBadLine), std::string::npos)
+    EXPECT_NE(third.StateFileProblem().find("3 line(s) not taken (kept as written), the first at " + firstBadLine),
+              std::string::npos)
         << third.StateFileProblem();
+    ASSERT_TRUE(Set(third, Setting("ptt centre")));
+    const std::string rewritten = ReadFile(stateFile);
+    for (const std::string& line : untaken) EXPECT_NE(rewritten.find('\n' + line + '\n'), std::string::npos) << line;
+}
 
-    // A setting that cannot be saved is not taken.
-    SimulatedRecorder unsaved(kLargeModel, (folder.path / "no-such-folder/recorder.state").string());
-    EXPECT_FALSE(Set(unsaved, Setting("ptt")));
-    EXPECT_NE(unsaved.StateFileProblem(), "");
-    EXPECT_EQ(Section(unsaved, QueryText("stPtt")).Value("", "usFD_GroupNo"), "0");
+// A file that ends inside a line, or that lacks the end line of a saved file, was cut: the cut line is
+// not taken, and the recorder says so instead of quietly using factory values for what is missing.
+TEST(SimulatedRecorder, ReportsAStateFileThatWasCutShort) {
+    const TemporaryFolder folder;
+    const std::string stateFile = (folder.path / "recorder.state").string();
+    {
+        SimulatedRecorder first(kLargeModel, stateFile);
+        ASSERT_TRUE(Set(first, Setting("ptt")));
+    }
+    const std::string saved = ReadFile(stateFile);
+    const std::size_t groupLine = saved.find("stPtt usFD_GroupNo=12\n");
+    ASSERT_NE(groupLine, std::string::npos);
+    struct Case {
+        const char* what;
+        std::string text;
+        bool cutShort;
+        const char* groupNumber;
+    };
+    const Case cases[] = {
+        {"whole", saved, false, "12"},
+        {"cut inside a value", saved.substr(0, groupLine + std::strlen("stPtt usFD_GroupNo=1")), true, "0"},
+        {"cut after a line", saved.substr(0, groupLine + std::strlen("stPtt usFD_GroupNo=12\n")), true, "12"},
+        {"written by hand, without header or end line", "stPtt usFD_GroupNo=5\n", false, "5"},
+    };
+    for (const Case& c : cases) {
+        std::ofstream(stateFile, std::ios::binary | std::ios::trunc) << c.text;
+        SimulatedRecorder recorder(kLargeModel, stateFile);
+        EXPECT_EQ(recorder.StateFileProblem().find("cut short") != std::string::npos, c.cutShort)
+            << c.what << ": " << recorder.StateFileProblem();
+        EXPECT_EQ(Section(recorder, QueryText("stPtt")).Value("", "usFD_GroupNo"), c.groupNumber) << c.what;
+    }
+}
+
+// What cannot keep settings is refused before anything is opened (a named pipe would block the
+// opener), and a setting that cannot be saved is refused with the reason given to the program.
+TEST(SimulatedRecorder, RefusesStateFilesThatCannotKeepSettingsAndSaysWhy) {
+    const TemporaryFolder folder;
+    const std::filesystem::path blockedFile = folder.path / "blocked.state";
+    std::filesystem::create_directory(folder.path / "blocked.state.tmp");
+    ASSERT_EQ(mkfifo((folder.path / "pipe").c_str(), 0600), 0);
+    struct Case {
+        std::filesystem::path path;
+        const char* reason;
+    };
+    const Case cases[] = {
+        {folder.path, "is a folder, not a file"},
+        {folder.path / "pipe", "is a named pipe, not a file"},
+        {folder.path / "no-such-folder" / "recorder.state", "no-such-folder does not exist"},
+        {blockedFile, "blocked.state.tmp is in the way: it is a folder"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_NE(varcfg::sim::StateFile(c.path).Fault().find(c.reason), std::string::npos)
+            << c.path << ": " << varcfg::sim::StateFile(c.path).Fault();
+    }
+    EXPECT_EQ(varcfg::sim::StateFile(folder.path / "new.state").Fault(), "");
+    EXPECT_FALSE(std::filesystem::exists(folder.path / "new.state.tmp")) << "the check leaves nothing behind";
+
+    const std::string stateFile = (folder.path / "recorder.state").string();
+    SimulatedRecorder recorder(kLargeModel, stateFile);
+    std::vector<std::string> reported;
+    recorder.OnSaveFailure([&reported](const std::string& reason) { reported.push_back(reason); });
+    ASSERT_TRUE(Set(recorder, Setting("ptt centre")));
+    std::filesystem::create_directory(stateFile + ".tmp");  // in the way from now on
+    EXPECT_FALSE(Set(recorder, Setting("ptt")));
+    ASSERT_EQ(reported.size(), 1u);
+    EXPECT_NE(reported[0].find("cannot save the settings: " + stateFile + ".tmp: "), std::string::npos) << reported[0];
+    EXPECT_EQ(Section(recorder, QueryText("stPtt")).Value("", "usFD_GroupNo"), "0");
+    EXPECT_EQ(reported[0], recorder.StateFileProblem());
+}
+
+// The file holds passwords in clear: a new one is for its owner only, an existing one keeps its mode,
+// and a link to it stays a link.
+TEST(SimulatedRecorder, SavesThroughLinksAndKeepsTheStateFileMode) {
+    namespace fs = std::filesystem;
+    const TemporaryFolder folder;
+    const fs::path created = folder.path / "created.state";
+    const fs::path shared = folder.path / "shared.state";
+    const fs::path link = folder.path / "link.state";
+    std::ofstream(shared) << "";
+    fs::permissions(shared, fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    fs::create_symlink("shared.state", link);
+
+    for (const fs::path& path : {created, link}) {
+        SimulatedRecorder recorder(kLargeModel, path.string());
+        ASSERT_TRUE(Set(recorder, Setting("ptt"))) << path;
+    }
+    EXPECT_EQ(fs::status(created).permissions(), fs::perms::owner_read | fs::perms::owner_write);
+    EXPECT_TRUE(fs::is_symlink(link));
+    EXPECT_EQ(fs::status(shared).permissions(), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+    EXPECT_NE(ReadFile(shared.string()).find("stPtt usFD_GroupNo=12\n"), std::string::npos);
 }
 
 TEST(SimulatedRecorder, AnswersTheHostWithinItsRecordsAndShowsTheFaultsItIsGiven) {

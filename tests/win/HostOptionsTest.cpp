@@ -32,24 +32,29 @@ TEST(HostOptions, DefaultsToTheSimulatedRecorderAndReadsEveryOption) {
     EXPECT_EQ(ParseHostOptions({L"--model", L"MR4-A1", L"--help"}).outcome, Outcome::Help);
 }
 
+// Each refusal names the option, the value at fault and what would be accepted.
 TEST(HostOptions, RefusesWhatItCouldOnlyMisread) {
-    const std::vector<std::vector<std::wstring>> refused = {
-        {L"--recorder", L"127.0.0.1"},         // no port
-        {L"--recorder", L"127.0.0.1:0"},       // no such port
-        {L"--recorder", L"127.0.0.1:65536"},   // nor this one
-        {L"--recorder", L":6000"},             // no host
-        {L"--timeout", L"0", L"--recorder", L"127.0.0.1:6000"},
-        {L"--timeout", L"60001", L"--recorder", L"127.0.0.1:6000"},
-        {L"--timeout", L"500"},                // no recorder to wait for
-        {L"--recorder", L"127.0.0.1:6000", L"--model", L"MR4-A1"},  // the model is mdvr-sim's
-        {L"--recorder", L"127.0.0.1:6000", L"--state", L"state.txt"},
-        {L"--probe", L"--screenshots", L"out"},
-        {L"--lang"},                           // no value
-        {L"--screenshot", L"out"},             // not an option
+    const struct {
+        std::vector<std::wstring> args;
+        const char* problem;
+    } refused[] = {
+        {{L"--recorder", L"127.0.0.1"}, "--recorder 127.0.0.1: not HOST:PORT with a port from 1 to 65535"},
+        {{L"--recorder", L"127.0.0.1:0"}, "--recorder 127.0.0.1:0: not HOST:PORT with a port from 1 to 65535"},
+        {{L"--recorder", L"127.0.0.1:65536"}, "--recorder 127.0.0.1:65536: not HOST:PORT"},
+        {{L"--recorder", L":6000"}, "--recorder :6000: not HOST:PORT"},
+        {{L"--timeout", L"0", L"--recorder", L"127.0.0.1:6000"}, "--timeout 0: not milliseconds from 1 to 60000"},
+        {{L"--timeout", L"60001", L"--recorder", L"127.0.0.1:6000"}, "--timeout 60001: not milliseconds from 1"},
+        {{L"--timeout", L"500"}, "--timeout applies only with --recorder"},
+        {{L"--recorder", L"127.0.0.1:6000", L"--model", L"MR4-A1"}, "give them to mdvr-sim instead"},
+        {{L"--recorder", L"127.0.0.1:6000", L"--state", L"state.txt"}, "give them to mdvr-sim instead"},
+        {{L"--probe", L"--screenshots", L"out"}, "--probe and --screenshots exclude each other"},
+        {{L"--lang"}, "--lang needs a value: a file"},
+        {{L"--timeout"}, "--timeout needs a value: milliseconds from 1 to 60000"},
+        {{L"--screenshot", L"out"}, "--screenshot is not an option"},
     };
-    for (const auto& args : refused) {
-        const ParsedOptions parsed = ParseHostOptions(args);
-        EXPECT_EQ(parsed.outcome, Outcome::Invalid) << args[0] << L" " << (args.size() > 1 ? args[1] : L"");
-        EXPECT_FALSE(parsed.problem.empty());
+    for (const auto& c : refused) {
+        const ParsedOptions parsed = ParseHostOptions(c.args);
+        EXPECT_EQ(parsed.outcome, Outcome::Invalid) << c.problem;
+        EXPECT_NE(parsed.problem.find(c.problem), std::string::npos) << parsed.problem;
     }
 }

@@ -11,22 +11,19 @@
 #include <thread>
 #include <vector>
 
+#include "Framing.h"
+#include "Probe.h"
 #include "RecorderLink.h"
 #include "TcpRecorderLink.h"
 
 using varcfg::host::TcpRecorderLink;
+using varcfg::sim::Frame;
 using namespace std::chrono_literals;
 
 namespace {
 
 using Clock = std::chrono::steady_clock;
 
-std::string Frame(const std::string& text) {
-    const auto length = static_cast<uint32_t>(text.size());
-    std::string frame;
-    for (int shift = 0; shift < 32; shift += 8) frame += static_cast<char>((length >> shift) & 0xFFu);
-    return frame + text;
-}
 
 // Reads one request frame; empty when the client went away.
 std::string ReceiveFrame(SOCKET socket) {
@@ -36,9 +33,9 @@ std::string ReceiveFrame(SOCKET socket) {
         }
         return true;
     };
-    unsigned char header[4] = {};
-    if (!receive(reinterpret_cast<char*>(header), 4)) return {};
-    std::string text(header[0] | (header[1] << 8) | (header[2] << 16) | (uint32_t{header[3]} << 24), '\0');
+    char header[varcfg::sim::kFrameHeaderSize] = {};
+    if (!receive(header, sizeof header)) return {};
+    std::string text(varcfg::sim::AnnouncedLength(header), '\0');
     return receive(text.data(), static_cast<int>(text.size())) ? text : std::string();
 }
 
@@ -133,9 +130,11 @@ TEST_F(TcpLink, CarriesFramedExchangesOverOneConnectionAndCutsLongRepliesForTheR
     EXPECT_EQ(recorder.requests, (std::vector<std::string>{"<ping />", "<ping again />"}));
 }
 
-// A late reply, a length above 64 KiB, a frame that ends early and a refused connection: each ends in
-// nothing within the time-out, the next exchange connects afresh and never takes an earlier reply.
-TEST_F(TcpLink, FailuresAnswerNothingInTimeAndTheNextExchangeConnectsAfresh) {
+// A late reply, a length above 64 KiB, a frame that ends early, a refused connection and an unknown host:
+// each ends in nothing within the time-out, with its own reason, and the next exchange connects afresh
+// and never takes an earlier reply. (Wine reports a reset connection as a closed one, so a reset is not
+// told apart here.)
+TEST_F(TcpLink, FailuresAnswerNothingInTimeSayWhyAndTheNextExchangeConnectsAfresh) {
     ScriptedRecorder recorder({{kLate},
                                {Frame(std::string(TcpRecorderLink::kMaxFrame + 1, 'x')).substr(0, 4)},
                                {Frame("<cut short />").substr(0, 8)},  // then the connection ends
@@ -148,8 +147,18 @@ TEST_F(TcpLink, FailuresAnswerNothingInTimeAndTheNextExchangeConnectsAfresh) {
     EXPECT_EQ(varcfg::host::CarryPluginRequest(MDVR_REQUEST_EXCHANGE, &records[0], &records[1], &link), 0);
     EXPECT_LT(Clock::now() - start, 1000ms);
     EXPECT_EQ(std::string(records[1].data), "untouched");
-    EXPECT_EQ(link.Exchange("<a />"), std::nullopt) << "a length above 64 KiB";
-    EXPECT_EQ(link.Exchange("<b />"), std::nullopt) << "a frame that ends early";
+    EXPECT_EQ(link.Problem(), "no reply within 200 ms");
+    const struct {
+        const char* request;
+        const char* problem;
+    } failures[] = {
+        {"<a />", "the reply frame announces 65537 bytes, more than 65536"},
+        {"<b />", "the recorder closed the connection before the whole reply arrived"},
+    };
+    for (const auto& failure : failures) {
+        EXPECT_EQ(link.Exchange(failure.request), std::nullopt) << failure.problem;
+        EXPECT_EQ(link.Problem(), failure.problem);
+    }
     EXPECT_EQ(link.Exchange("<second />"), std::optional<std::string>("<fresh />"));
     EXPECT_EQ(recorder.Served(), 4);
 
@@ -161,4 +170,49 @@ TEST_F(TcpLink, FailuresAnswerNothingInTimeAndTheNextExchangeConnectsAfresh) {
     EXPECT_EQ(refused.Exchange("<anyone />"), std::nullopt);
     // Windows itself retries a refused connection for about two seconds; Wine refuses at once.
     EXPECT_LT(Clock::now() - start, 5s);
+    EXPECT_EQ(refused.Problem().rfind("cannot connect to 127.0.0.1:" + std::to_string(freePort) + ": ", 0), 0u)
+        << refused.Problem();
+    EXPECT_NE(refused.Problem().find("(Windows error 10061)"), std::string::npos) << refused.Problem();
+
+    TcpRecorderLink unknown("no-such-host.invalid", 6000, 2s);
+    EXPECT_EQ(unknown.Exchange("<anyone />"), std::nullopt);
+    EXPECT_EQ(unknown.Problem().rfind("cannot find the host no-such-host.invalid: ", 0), 0u) << unknown.Problem();
+}
+
+// mdvr-sim drops a client that stays quiet; the host's next exchange then connects afresh instead of
+// failing on the closed connection.
+TEST_F(TcpLink, ReplacesAConnectionTheRecorderClosedMeanwhile) {
+    ScriptedRecorder recorder({{Frame("<one />")}, {Frame("<two />")}});
+    TcpRecorderLink link("127.0.0.1", recorder.Port(), 2000ms);
+    EXPECT_EQ(link.Exchange("<a />"), std::optional<std::string>("<one />"));
+    std::this_thread::sleep_for(100ms);  // the recorder has closed the first connection
+    EXPECT_EQ(link.Exchange("<b />"), std::optional<std::string>("<two />")) << link.Problem();
+}
+
+// The probe passes only a reply the panel would accept, tells a refused reply from no answer, and
+// never prints a reply's control characters as they are.
+TEST_F(TcpLink, ProbeChecksTheReplyAsThePanelDoesAndPrintsItSafely) {
+    const std::string versionReply =
+        "<VariCfgSec Action=\"DEVICE_QUERY\"><stVersion Model=\"\x1b[2J\\MR8\" /></VariCfgSec>";
+    const struct {
+        const char* what;
+        std::string reply;
+        int status;
+        std::string line;
+    } cases[] = {
+        {"a version reply", Frame(versionReply), varcfg::host::kProbeAnswered,
+         "reply <VariCfgSec Action=\"DEVICE_QUERY\"><stVersion Model=\"\\x1b[2J\\\\MR8\" /></VariCfgSec>\n"},
+        {"a garbled reply", Frame("\x15\x15 garbled"), varcfg::host::kProbeRefusedAnswer,
+         "problem the panel refuses this reply: CDlgCfgBase::GetParaValue"},
+        {"no reply", Frame("<cut").substr(0, 6), varcfg::host::kProbeNoAnswer,
+         "problem the recorder closed the connection before the whole reply arrived\n"},
+    };
+    for (const auto& c : cases) {
+        ScriptedRecorder recorder({{c.reply}});
+        TcpRecorderLink link("127.0.0.1", recorder.Port(), 2000ms);
+        const varcfg::host::ProbeReport report = varcfg::host::Probe(link);
+        EXPECT_EQ(report.status, c.status) << c.what << ":\n" << report.text;
+        EXPECT_NE(report.text.find(c.line), std::string::npos) << c.what << ":\n" << report.text;
+        EXPECT_EQ(report.text.find_first_of("\x15\x1b"), std::string::npos) << c.what;
+    }
 }
