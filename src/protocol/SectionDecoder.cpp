@@ -136,17 +136,39 @@ DecodeResult DecodeChannels(const TiXmlElement& container, const FieldList& fiel
     return {};
 }
 
-DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
-                                   unsigned char* first, std::size_t stride, std::size_t indexLimit) {
+namespace {
+
+DecodeResult DecodeNumbered(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
+                            unsigned char* first, std::size_t stride, std::size_t indexLimit,
+                            const NestedEntry* nested) {
     for (const TiXmlElement* child = container.FirstChildElement(); child != nullptr;
          child = child->NextSiblingElement()) {
         std::size_t index = 0;
         if (!EntryIndex(child->Value(), suffix, indexLimit, index)) return Malformed();
         if (index >= indexLimit) break;
-        DecodeResult result = DecodeAttributes(*child, fields, first + index * stride);
+        unsigned char* entry = first + index * stride;
+        DecodeResult result = DecodeAttributes(*child, fields, entry);
         if (!result.Succeeded()) return result;
+        const TiXmlElement* inner = nested != nullptr ? child->FirstChildElement(nested->name) : nullptr;
+        if (inner != nullptr) {
+            result = DecodeAttributes(*inner, nested->fields, entry + nested->offset);
+            if (!result.Succeeded()) return result;
+        }
     }
     return {};
+}
+
+}  // namespace
+
+DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
+                                   unsigned char* first, std::size_t stride, std::size_t indexLimit) {
+    return DecodeNumbered(container, suffix, fields, first, stride, indexLimit, nullptr);
+}
+
+DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
+                                   unsigned char* first, std::size_t stride, std::size_t indexLimit,
+                                   const NestedEntry& nested) {
+    return DecodeNumbered(container, suffix, fields, first, stride, indexLimit, &nested);
 }
 
 const TiXmlElement* FindContainer(const TiXmlElement& section, const char* containerName, const char* operationName) {

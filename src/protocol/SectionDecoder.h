@@ -172,6 +172,16 @@ DecodeResult DecodeChannels(const TiXmlElement& container, const FieldList& fiel
                             std::size_t stride, std::size_t count);
 DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
                                    unsigned char* first, std::size_t stride, std::size_t indexLimit);
+// An element inside each numbered child that fills a member of the child's entry ("stAlarmOutIO" in
+// "AlarmLinkageItem_3"): its first element of that name, decoded by fields at offset in the entry.
+struct NestedEntry {
+    const char* name;
+    FieldList fields;
+    std::size_t offset;
+};
+DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix suffix, const FieldList& fields,
+                                   unsigned char* first, std::size_t stride, std::size_t indexLimit,
+                                   const NestedEntry& nested);
 
 // Walks the element's attributes in document order and stores each one the table knows; unknown names
 // are skipped, and of two attributes bound to one member the later wins. A binding without an attribute

@@ -1,0 +1,75 @@
+#include "pages/alarm/CDlgTabAlarmCfgBase.h"
+
+#include "protocol/AlarmRecords.h"
+#include "res/resource.h"
+#include "ui/Language.h"
+#include "ui/win/Controls.h"
+
+using namespace varcfg;
+
+namespace {
+
+constexpr Binding<RecordingRecord> kRecordingBindings[] = {
+    VARCFG_BIND(RecordingRecord, recordMode, "ucFD_RecordMode", Integer),
+    VARCFG_BIND(RecordingRecord, sdUsage, "ucFD_SDUsage", Integer),
+    VARCFG_BIND(RecordingRecord, enableIpc, "ucFD_EnableIPC", Integer),
+    VARCFG_BIND(RecordingRecord, alarmRecordType, "ucFD_AlarmRecordType", Integer)
+        .InComboIndex(IDC_ALARM_BASE_RECORD_TYPE, Unlisted::Clear),
+    VARCFG_BIND(RecordingRecord, preRecordTime, "uiFD_PreRecordTime", Integer).InNumber(IDC_ALARM_BASE_PRE_RECORD, 0, 60),
+    VARCFG_BIND(RecordingRecord, alarmRecordTime, "uiFD_AlarmRecordTime", Integer)
+        .InNumber(IDC_ALARM_BASE_RECORD_TIME, 5, 1800),
+    VARCFG_BIND(RecordingRecord, alarmRecordDays, "uiFD_AlarmRecordDays", Integer),
+    VARCFG_BIND(RecordingRecord, saveDayEnable, "uiFD_SaveDayEnable", Integer),
+    VARCFG_BIND(RecordingRecord, saveDays, "ucFD_SaveDays", Integer),
+};
+constexpr Section<RecordingRecord> kRecording{"stRecord", kRecordingBindings};
+
+// The stRecord element is never closed, and "<VariCfgSec>" stands where the envelope's end tag would.
+constexpr wchar_t kRecordingSetting[] =
+    L"<VariCfgSec Action=\"DEVICE_SET\"><stRecord uiFD_PreRecordTime=\"%d\" uiFD_AlarmRecordTime=\"%d\" "
+    L"ucFD_AlarmRecordType=\"%d\"><VariCfgSec>";
+
+}  // namespace
+
+CDlgTabAlarmCfgBase::CDlgTabAlarmCfgBase() : CDlgCfgBase(IDD_ALARM_BASE) {}
+
+BOOL CDlgTabAlarmCfgBase::OnInitDialog() {
+    SetCaptions(Hwnd(), {{IDC_ALARM_BASE_PRE_RECORD_LABEL, 24007},
+                         {IDC_ALARM_BASE_RECORD_TIME_LABEL, 24008},
+                         {IDC_ALARM_BASE_RECORD_TYPE_LABEL, 24009},
+                         {IDC_ALARM_BASE_PRE_RECORD_UNIT, 14013},
+                         {IDC_ALARM_BASE_RECORD_TIME_UNIT, 14013}});
+    for (uint32_t textId : {24011u, 24010u}) {
+        ComboAdd(Hwnd(), IDC_ALARM_BASE_RECORD_TYPE, CLanguage::Instance().Text(textId),
+                 ComboCount(Hwnd(), IDC_ALARM_BASE_RECORD_TYPE));
+    }
+    ComboSelect(Hwnd(), IDC_ALARM_BASE_RECORD_TYPE, 0);
+    return TRUE;
+}
+
+std::vector<SectionInfo> CDlgTabAlarmCfgBase::DeclaredSections() const { return {Info(kRecording)}; }
+
+int CDlgTabAlarmCfgBase::Refresh() {
+    QueryReply reply;
+    int result = Query(QueryText(kRecording.name), reply);
+    if (result == 1) {
+        RecordingRecord record{};
+        result = DecodeSection(kRecording, *reply.Section(), record) ? 1 : 0;
+        if (result == 1) {
+            // Any type other than 0 is the second type.
+            record.alarmRecordType = record.alarmRecordType != 0 ? 1 : 0;
+            ShowSection(kRecording, record);
+        }
+    }
+    Redraw();
+    return result;
+}
+
+int CDlgTabAlarmCfgBase::Save() {
+    TakeSection(kRecording);
+    const int result = SendSetting(FillTemplate(
+        kRecordingSetting, {Number(IDC_ALARM_BASE_PRE_RECORD), Number(IDC_ALARM_BASE_RECORD_TIME),
+                            Number(IDC_ALARM_BASE_RECORD_TYPE)}));
+    Redraw();
+    return result == 1 ? 1 : 0;
+}
