@@ -124,6 +124,7 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         for (int tab = count - 1; tab >= 0; --tab) {
             V expected;
             if (button == IDC_MENU_NETWORK && tab == 0) expected = {"query stLocalEth0"};
+            if (button == IDC_MENU_SERIAL && tab == 1) expected = {"query stChnPtz"};
             Run({"switch to tab " + std::to_string(tab) + " of category " + std::to_string(panel->Setup()->ShownCategory()),
                  expected},
                 [&] {
