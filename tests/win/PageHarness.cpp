@@ -6,7 +6,10 @@
 #include <cwchar>
 
 #include "base/AnsiText.h"
+#include "base/Platform.h"
 #include "channel/DeviceVersion.h"
+#include "ui/Language.h"
+#include "ui/win/WinPlatform.h"
 #include "ui/win/Controls.h"
 
 namespace varcfg::test {
@@ -81,6 +84,15 @@ void Enter(HWND page, int id, const std::wstring& value) {
         SetItemText(page, id, value);
         Notify(page, id, EN_CHANGE);
     }
+}
+
+void UseEnglishTexts() {
+    wchar_t program[MAX_PATH] = {};
+    GetModuleFileNameW(nullptr, program, MAX_PATH);
+    std::wstring file = program;
+    file = file.substr(0, file.find_last_of(L'\\') + 1) + L"Lang\\English.ini";
+    InstallPlatform(&WindowsPlatform());
+    CLanguage::Instance().SetLanguagePath(file);
 }
 
 PageUnderTest::PageUnderTest(std::unique_ptr<CDlgCfgBase> page, const std::string& model) : page_(std::move(page)) {

@@ -50,6 +50,10 @@ struct PageCase {
     std::string settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
 };
 
+// Makes the deployed English language file the language table, so that pages whose lists and messages
+// come from language ids show what an operator would read.
+void UseEnglishTexts();
+
 // A page in a host window; the recorder answers the page's queries and records its requests.
 class PageUnderTest {
 public:

@@ -103,8 +103,8 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         {"show encoder", IDC_MENU_ENCODER, V{}, true},
         {"show alarm", IDC_MENU_ALARM, V{"query stRecord"}, false},
         {"show serial", IDC_MENU_SERIAL, V{}, true},
-        {"show parking overtime", IDC_MENU_PARKING, V{}, true},
-        {"show users and security", IDC_MENU_USER_SECURITY, V{}, true},
+        {"show parking overtime", IDC_MENU_PARKING, V{"query stSpeedAlarm"}, false},
+        {"show users and security", IDC_MENU_USER_SECURITY, V{"query stCarInfo", "query stUserSec"}, false},
         {"show other settings", IDC_MENU_OTHER, V{}, true},
         {"show user data", IDC_MENU_USER_DATA, V{}, true},
         {"show about", IDC_MENU_ABOUT, V{}, false},
@@ -129,8 +129,10 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
         const int count = static_cast<int>(SendDlgItemMessageW(tabs->Hwnd(), 2999, TCM_GETITEMCOUNT, 0, 0));
         for (int tab = count - 1; tab >= 0; --tab) {
-            const bool local = button == IDC_MENU_NETWORK && tab == 0;
-            const V expected = button == IDC_MENU_ALARM ? alarmTabs[tab] : local ? V{"query stLocalEth0"} : V{};
+            V expected;
+            if (button == IDC_MENU_NETWORK && tab == 0) expected = {"query stLocalEth0"};
+            if (button == IDC_MENU_ALARM) expected = alarmTabs[tab];
+            if (button == IDC_MENU_SERIAL && tab == 1) expected = {"query stChnPtz"};
             Run({"switch to tab " + std::to_string(tab) + " of category " + std::to_string(panel->Setup()->ShownCategory()),
                  expected},
                 [&] {
