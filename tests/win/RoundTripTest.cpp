@@ -17,6 +17,7 @@
 #include "shell/CDlgParam.h"
 #include "pages/base/CDlgTabHost.h"
 #include "channel/DeviceVersion.h"
+#include "protocol/ModelTable.h"
 #include "ui/win/Controls.h"
 
 using namespace varcfg;
@@ -157,4 +158,62 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
     watcher.Queue(Answer::Key(VK_RETURN));
     Run({"write a new network type", V{"set stNetWorkMode"}}, [&] { Click(setup, IDC_SETUP_WRITE); });
     for (const std::wstring& problem : watcher.Problems()) ADD_FAILURE() << std::string(problem.begin(), problem.end());
+}
+
+// The alarm tabs follow the model's alarm inputs: with none, the linkage page shows only the special
+// events and asks for their half alone; with eight, it labels its rows from the inputs and reads both
+// halves of its first page. The models come from the built-in table by their input count.
+TEST(RoundTripAlarm, EveryAlarmTabReadsOnlyWhatItsInputCountNeeds) {
+    using V = std::vector<std::string>;
+    const struct {
+        int inputs;
+        V linkage;
+    } counts[] = {
+        {0, V{"query stAlarmLinkage"}},
+        {8, V{"query stAlarmIn", "query stAlarmLinkage", "query stAlarmLinkage"}},
+    };
+    for (const auto& count : counts) {
+        std::string model;
+        for (const ModelTable::Entry& entry : BuiltInModelTable().Entries()) {
+            const Capabilities* profile = BuiltInModelTable().ProfileOf(entry.text);
+            if (profile != nullptr && profile->alarmInputs == count.inputs) {
+                model = entry.text;
+                break;
+            }
+        }
+        ASSERT_FALSE(model.empty()) << "no model with " << count.inputs << " alarm inputs";
+        SCOPED_TRACE(model);
+
+        sim::SimulatedRecorder recorder(model);
+        struct Link {
+            sim::SimulatedRecorder* recorder;
+            std::vector<std::string> requests;
+        } link{&recorder, {}};
+        auto forward = [](int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) -> int32_t {
+            auto& self = *static_cast<Link*>(context);
+            self.requests.push_back(Describe(request->data));
+            return sim::AnswerHostRequest(mode, request, reply, self.recorder);
+        };
+        Device() = DeviceState{};
+        SetConfigFunction(forward, nullptr, &link);
+        ModalWatcher watcher;
+        varcfg::test::HostWindow host;
+        CDlgParam* panel = CDlgParam::CreateIn(host);
+        ASSERT_NE(panel, nullptr);
+        SendDlgItemMessageW(panel->Menu()->Hwnd(), IDC_MENU_ALARM, BM_CLICK, 0, 0);
+
+        const V expected[] = {{"query stRecord"}, {"query stAlarmIn"}, {"query stAlarmLinkage"}, count.linkage,
+                              {"query stGSensor"}, {"query stVda"}};
+        auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
+        for (int tab = 5; tab >= 0; --tab) {
+            link.requests.clear();
+            TabSelect(tabs->Hwnd(), 2999, tab);
+            NMHDR change{GetDlgItem(tabs->Hwnd(), 2999), 2999, static_cast<UINT>(TCN_SELCHANGE)};
+            SendMessageW(tabs->Hwnd(), WM_NOTIFY, 2999, reinterpret_cast<LPARAM>(&change));
+            EXPECT_EQ(link.requests, expected[tab]) << "tab " << tab;
+        }
+        EXPECT_TRUE(watcher.Seen().empty()) << "no read failed";
+        host.Destroy();
+        SetConfigFunction(nullptr, nullptr, nullptr);
+    }
 }
