@@ -194,6 +194,13 @@ TEST(RoundTripEncoder, EveryTabSendsOneRequestPerPairOrSection) {
             run("show encoder", mainQueries,
                 [&] { SendDlgItemMessageW(panel->Menu()->Hwnd(), IDC_MENU_ENCODER, BM_CLICK, 0, 0); });
             auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
+            // The recorder's factory values are entries of this model's own lists.
+            HWND main = tabs->SelectedPage()->Hwnd();
+            for (int n = 0; n < Device().capabilities.videoChannels; ++n) {
+                for (int first : {IDC_MAIN_RESOLUTION_FIRST, IDC_MAIN_FRAME_RATE_FIRST, IDC_MAIN_BIT_RATE_FIRST}) {
+                    EXPECT_GE(ComboSelection(main, first + n), 0) << "list " << first + n;
+                }
+            }
             const struct {
                 const char* section;
                 V queries;
