@@ -112,8 +112,8 @@ SettingsStore::SettingsStore(const std::string& model, const Capabilities& capab
 }
 
 // The model text and channel count the panel reads its profile from, and main stream values the model's
-// own lists offer: its best resolution with that resolution's default bit rate, and the first entry of
-// its video mode list.
+// own lists offer: its best resolution with that resolution's default bit rate and a frame rate it
+// allows, and the first entry of its video mode list.
 void SettingsStore::SetModelFactoryValues(const std::string& model) {
     const auto set = [this](std::string_view section, std::string_view attribute, const std::string& value) {
         const SettingSection& layout = *FindSection(section);
@@ -140,10 +140,14 @@ void SettingsStore::SetModelFactoryValues(const std::string& model) {
     const char* bitRate = capabilities_.resolutionClass >= 4   ? "4096"
                           : capabilities_.resolutionClass >= 2 ? "2048"
                                                                : "1024";
+    // Models that cap 1080P at 15 frames offer no higher rate at their best resolution.
+    const char* frameRate =
+        capabilities_.resolutionClass >= 4 && table.IsInGroup(model, FeatureGroup::FrameLimited1080P) ? "15" : "25";
     const SettingSection& mainStream = *FindSection("stMainStream");
     const std::vector<SettingField>& channelFields = mainStream.children->fields;
     for (ChildValues& channel : sections_[SectionIndex(mainStream)].children) {
         channel.values[FieldIndex(channelFields, *FindField(channelFields, "ucFD_Resolution"))] = resolution;
+        channel.values[FieldIndex(channelFields, *FindField(channelFields, "ucFD_FrameRate"))] = frameRate;
         channel.values[FieldIndex(channelFields, *FindField(channelFields, "uiFD_BitRate"))] = bitRate;
     }
 }

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* kGroupNames[kFeatureGroupCount] = {
     "mixed-mode-8", "mixed-mode-4", "fixed-mode", "h265", "frame-limited-1080p",
-    "high-frame-rate", "extended-sub-stream", "paired-resolution",
+    "high-frame-rate", "extended-sub-stream", "paired-resolution", "first-four-locked",
 };
 
 std::vector<std::string> Words(const std::string& line) {

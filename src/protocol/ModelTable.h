@@ -29,8 +29,9 @@ enum class FeatureGroup : uint8_t {
     HighFrameRate,
     ExtendedSubStream,
     PairedResolution,
+    FirstFourLocked,
 };
-inline constexpr int kFeatureGroupCount = 8;
+inline constexpr int kFeatureGroupCount = 9;
 
 class ModelTable {
 public:

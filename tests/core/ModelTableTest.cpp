@@ -47,10 +47,16 @@ TEST(ModelTable, BuiltInTableHasTheShapeThePagesRelyOn) {
                  {"S", 1}, {"-", 2}}));
 
     // A model is in at most one of mixed and fixed video modes: the main stream page offers one list.
+    // Only a fixed-mode model can have its first four camera types locked, and only one model has.
+    int locked = 0;
     for (const auto& e : table.Entries()) {
         const bool mixed = e.groups & (Bit(FeatureGroup::EightChannelMixedMode) | Bit(FeatureGroup::FourChannelMixedMode));
         EXPECT_FALSE(mixed && (e.groups & Bit(FeatureGroup::FixedMode))) << e.text;
+        if (!(e.groups & Bit(FeatureGroup::FirstFourLocked))) continue;
+        ++locked;
+        EXPECT_TRUE(e.groups & Bit(FeatureGroup::FixedMode)) << e.text;
     }
+    EXPECT_EQ(locked, 1);
 }
 
 TEST(ModelTable, ModelTextsMatchWholeAndWithoutRegardToCase) {

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -28,14 +29,18 @@ namespace {
 
 // Records the request texts on their way to the simulated recorder.
 struct CountingLink {
-    sim::SimulatedRecorder recorder{"MR8-O1"};
+    explicit CountingLink(const std::string& model = "MR8-O1") : recorder(model) {}
+    sim::SimulatedRecorder recorder;
     std::vector<std::string> requests;
+    std::vector<std::string> settingReplies;
 };
 
 int32_t Forward(int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) {
     auto& link = *static_cast<CountingLink*>(context);
     link.requests.push_back(request->data);
-    return sim::AnswerHostRequest(mode, request, reply, &link.recorder);
+    const int32_t result = sim::AnswerHostRequest(mode, request, reply, &link.recorder);
+    if (std::string(request->data).find("DEVICE_SET") != std::string::npos) link.settingReplies.push_back(reply->data);
+    return result;
 }
 
 // The section a request names, e.g. "query stLocalEth0" or "set stLocalEth0".
@@ -101,7 +106,7 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         bool tip;
     } categories[] = {
         {"show network", IDC_MENU_NETWORK, V{"query stNetWorkMode", "query stLocalEth0"}, false},
-        {"show encoder", IDC_MENU_ENCODER, V{}, true},
+        {"show encoder", IDC_MENU_ENCODER, V(4, "query stMainStream"), false},
         {"show alarm", IDC_MENU_ALARM, V{"query stRecord"}, false},
         {"show serial", IDC_MENU_SERIAL, V{}, true},
         {"show parking overtime", IDC_MENU_PARKING, V{"query stSpeedAlarm"}, false},
@@ -118,9 +123,8 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
 
     // Every tab of the four hosts; only the pages that read something send a query.
     for (int button : {IDC_MENU_NETWORK, IDC_MENU_ENCODER, IDC_MENU_ALARM, IDC_MENU_SERIAL}) {
-        if (button != IDC_MENU_NETWORK && button != IDC_MENU_ALARM) {
-            watcher.Queue(Answer::Key(VK_RETURN));  // not loaded yet: read again
-        }
+        const bool loaded = button != IDC_MENU_SERIAL;
+        if (!loaded) watcher.Queue(Answer::Key(VK_RETURN));  // not loaded yet: read again
         // The alarm tabs of a model with four inputs: the linkage tab labels its rows from the inputs
         // and reads both halves of its first page.
         const V alarmTabs[] = {{"query stRecord"}, {"query stAlarmIn"}, {"query stAlarmLinkage"},
@@ -131,9 +135,14 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         const int count = static_cast<int>(SendDlgItemMessageW(tabs->Hwnd(), 2999, TCM_GETITEMCOUNT, 0, 0));
         for (int tab = count - 1; tab >= 0; --tab) {
             V expected;
-            if (button == IDC_MENU_NETWORK && tab == 0) expected = {"query stLocalEth0"};
+            if (button == IDC_MENU_NETWORK && tab == 0) expected = V{"query stLocalEth0"};
+            if (button == IDC_MENU_ENCODER) {
+                const V encoderQueries[] = {V(4, "query stMainStream"), V{"query stSubStream"}, V{"query stVideoMirror"},
+                                            V{"query stOSD"}};
+                expected = encoderQueries[tab];
+            }
             if (button == IDC_MENU_ALARM) expected = alarmTabs[tab];
-            if (button == IDC_MENU_SERIAL && tab == 1) expected = {"query stChnPtz"};
+            if (button == IDC_MENU_SERIAL && tab == 1) expected = V{"query stChnPtz"};
             Run({"switch to tab " + std::to_string(tab) + " of category " + std::to_string(panel->Setup()->ShownCategory()),
                  expected},
                 [&] {
@@ -160,6 +169,89 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
     for (const std::wstring& problem : watcher.Problems()) ADD_FAILURE() << std::string(problem.begin(), problem.end());
 }
 
+// The encoder tabs on recorders of 1, 2, 4 and 8 channels: the main stream reads and writes one request
+// per pair of channels; the other tabs one request each.
+TEST(RoundTripEncoder, EveryTabSendsOneRequestPerPairOrSection) {
+    using V = std::vector<std::string>;
+    const struct {
+        const char* model;
+        int pairs;
+    } recorders[] = {{"MR1-J1", 1}, {"MR2-M1", 1}, {"MR4-A1", 2}, {"MR8-O1", 4}};
+    for (const auto& recorder : recorders) {
+        SCOPED_TRACE(recorder.model);
+        std::printf("  recorder %s\n", recorder.model);
+        Device() = DeviceState{};
+        CountingLink link(recorder.model);
+        SetConfigFunction(Forward, nullptr, &link);
+        ModalWatcher watcher;
+        {
+            varcfg::test::HostWindow host;
+            CDlgParam* panel = CDlgParam::CreateIn(host);
+            ASSERT_NE(panel, nullptr);
+            HWND setup = panel->Setup()->Hwnd();
+            const auto run = [&link](const std::string& action, const V& expected, const std::function<void()>& act) {
+                link.requests.clear();
+                act();
+                std::vector<std::string> sent;
+                for (const std::string& request : link.requests) sent.push_back(Describe(request));
+                std::printf("  %-34s %zu\n", action.c_str(), sent.size());
+                EXPECT_EQ(sent, expected) << action;
+            };
+            const V mainQueries(static_cast<std::size_t>(recorder.pairs), "query stMainStream");
+            const V mainSettings(static_cast<std::size_t>(recorder.pairs), "set stMainStream");
+            run("show encoder", mainQueries,
+                [&] { SendDlgItemMessageW(panel->Menu()->Hwnd(), IDC_MENU_ENCODER, BM_CLICK, 0, 0); });
+            auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
+            // The recorder's factory values are entries of this model's own lists.
+            HWND main = tabs->SelectedPage()->Hwnd();
+            for (int n = 0; n < Device().capabilities.videoChannels; ++n) {
+                for (int first : {IDC_MAIN_RESOLUTION_FIRST, IDC_MAIN_FRAME_RATE_FIRST, IDC_MAIN_BIT_RATE_FIRST}) {
+                    EXPECT_GE(ComboSelection(main, first + n), 0) << "list " << first + n;
+                }
+            }
+            const struct {
+                const char* section;
+                V queries;
+                V settings;
+                int editedControl;  // a check box or list whose first entry differs from the recorder's
+            } tabRows[] = {
+                {"main stream", mainQueries, mainSettings, IDC_MAIN_AUDIO_FIRST},
+                {"sub stream", V{"query stSubStream"}, V{"set stSubStream"}, IDC_SUB_QUALITY},
+                {"mirror", V{"query stVideoMirror"}, V{"set stVideoMirror"}, IDC_MIRROR_LEFT_RIGHT_FIRST},
+                {"OSD", V{"query stOSD"}, V{"set stOSD"}, IDC_OSD_IO},
+            };
+            for (int tab = 0; tab < 4; ++tab) {
+                const auto& row = tabRows[tab];
+                run(std::string("first showing of ") + row.section, tab == 0 ? V{} : row.queries, [&] {
+                    TabSelect(tabs->Hwnd(), IDC_ENCODER_TABS, tab);
+                    NMHDR change{GetDlgItem(tabs->Hwnd(), IDC_ENCODER_TABS), IDC_ENCODER_TABS,
+                                 static_cast<UINT>(TCN_SELCHANGE)};
+                    if (tab != 0) SendMessageW(tabs->Hwnd(), WM_NOTIFY, IDC_ENCODER_TABS, reinterpret_cast<LPARAM>(&change));
+                });
+                run(std::string("read ") + row.section, row.queries,
+                    [&] { SendDlgItemMessageW(setup, IDC_SETUP_READ, BM_CLICK, 0, 0); });
+                watcher.Queue(Answer::Key(VK_RETURN));
+                run(std::string("write ") + row.section + " without edits", row.settings,
+                    [&] { SendDlgItemMessageW(setup, IDC_SETUP_WRITE, BM_CLICK, 0, 0); });
+                HWND page = tabs->SelectedPage()->Hwnd();
+                if (SendDlgItemMessageW(page, row.editedControl, CB_GETCOUNT, 0, 0) > 0) {
+                    ComboSelect(page, row.editedControl, 0);
+                } else {
+                    const bool checked = IsDlgButtonChecked(page, row.editedControl) == BST_CHECKED;
+                    CheckDlgButton(page, row.editedControl, checked ? BST_UNCHECKED : BST_CHECKED);
+                }
+                watcher.Queue(Answer::Key(VK_RETURN));
+                run(std::string("write ") + row.section + " with an edit", row.settings,
+                    [&] { SendDlgItemMessageW(setup, IDC_SETUP_WRITE, BM_CLICK, 0, 0); });
+            }
+            host.Destroy();
+        }
+        SetConfigFunction(nullptr, nullptr, nullptr);
+        for (const std::wstring& problem : watcher.Problems()) ADD_FAILURE() << std::string(problem.begin(), problem.end());
+        for (const std::string& reply : link.settingReplies) EXPECT_NE(reply.find(R"(Result="1")"), std::string::npos) << reply;
+    }
+}
+
 // The alarm tabs follow the model's alarm inputs: with none, the linkage page shows only the special
 // events and asks for their half alone; with eight, it labels its rows from the inputs and reads both
 // halves of its first page. The models come from the built-in table by their input count.
@@ -184,18 +276,9 @@ TEST(RoundTripAlarm, EveryAlarmTabReadsOnlyWhatItsInputCountNeeds) {
         ASSERT_FALSE(model.empty()) << "no model with " << count.inputs << " alarm inputs";
         SCOPED_TRACE(model);
 
-        sim::SimulatedRecorder recorder(model);
-        struct Link {
-            sim::SimulatedRecorder* recorder;
-            std::vector<std::string> requests;
-        } link{&recorder, {}};
-        auto forward = [](int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) -> int32_t {
-            auto& self = *static_cast<Link*>(context);
-            self.requests.push_back(Describe(request->data));
-            return sim::AnswerHostRequest(mode, request, reply, self.recorder);
-        };
+        CountingLink link(model);
         Device() = DeviceState{};
-        SetConfigFunction(forward, nullptr, &link);
+        SetConfigFunction(Forward, nullptr, &link);
         ModalWatcher watcher;
         varcfg::test::HostWindow host;
         CDlgParam* panel = CDlgParam::CreateIn(host);
@@ -210,7 +293,9 @@ TEST(RoundTripAlarm, EveryAlarmTabReadsOnlyWhatItsInputCountNeeds) {
             TabSelect(tabs->Hwnd(), 2999, tab);
             NMHDR change{GetDlgItem(tabs->Hwnd(), 2999), 2999, static_cast<UINT>(TCN_SELCHANGE)};
             SendMessageW(tabs->Hwnd(), WM_NOTIFY, 2999, reinterpret_cast<LPARAM>(&change));
-            EXPECT_EQ(link.requests, expected[tab]) << "tab " << tab;
+            std::vector<std::string> sent;
+            for (const std::string& request : link.requests) sent.push_back(Describe(request));
+            EXPECT_EQ(sent, expected[tab]) << "tab " << tab;
         }
         EXPECT_TRUE(watcher.Seen().empty()) << "no read failed";
         host.Destroy();
