@@ -3,6 +3,7 @@
 
 #include "PageHarness.h"
 #include "pages/net/CDlgTabNetCfgLocal.h"
+#include "pages/net/CDlgTabNetCfgPtt.h"
 #include "res/resource.h"
 
 using varcfg::test::PageCase;
@@ -58,4 +59,67 @@ TEST(LocalEthernetPage, ShowsEveryAddressFormAndWritesOnlyWhatChangedExactlyAsTy
          R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)"},
     };
     for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgLocal>(c);
+}
+
+namespace {
+
+const char kPtt[] = R"(ucFD_Enable="1" usFD_GroupNo="12")";
+const char kPttCentre[] = R"(ucFD_AddressType="1" uiFD_IP="0x0A01A8C0" strFD_Domain="ptt.example" usFD_Port="7000")";
+
+std::string PttSetting(const std::string& enable, const std::string& group) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><stPtt ucFD_Enable=")" + enable + R"(" usFD_GroupNo=")" + group +
+           R"(" /></VariCfgSec>)";
+}
+
+std::string PttCentreSetting(const std::string& ip, const std::string& port) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><stPttDcn ucFD_AddressType="0" uiFD_IP=")" + ip + R"(" usFD_Port=")" +
+           port + R"(" /></VariCfgSec>)";
+}
+
+}  // namespace
+
+TEST(PushToTalkPage, WritesEachChangedSectionInOrderAndStopsAtTheFirstFailure) {
+    const PageCase cases[] = {
+        {"unchanged: nothing is sent",
+         {{"stPtt", kPtt}, {"stPttDcn", kPttCentre}},
+         {{IDC_PTT_ENABLE, L"1"}, {IDC_PTT_GROUP_NUMBER, L"12"}, {IDC_PTT_CENTRE_IP, L"192.168.1.10"},
+          {IDC_PTT_PORT, L"7000"}},
+         {},
+         {}},
+        {"only the port changed: only the centre is sent, by IP address",
+         {{"stPtt", kPtt}, {"stPttDcn", kPttCentre}},
+         {},
+         {{IDC_PTT_PORT, L"7001"}},
+         {PttCentreSetting("192.168.1.10", "7001")}},
+        {"switched off with a group that is not a number: sent as typed",
+         {{"stPtt", kPtt}, {"stPttDcn", kPttCentre}},
+         {},
+         {{IDC_PTT_ENABLE, L"0"}, {IDC_PTT_GROUP_NUMBER, L"1\"2"}},
+         {PttSetting("0", "1\"2")}},
+        {"a refused switch write sends nothing after it and keeps its edit",
+         {{"stPtt", kPtt}, {"stPttDcn", kPttCentre}},
+         {},
+         {{IDC_PTT_ENABLE, L"0"}, {IDC_PTT_PORT, L"7001"}},
+         {PttSetting("0", "12")},
+         0,
+         {PttSetting("0", "12")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {}, {"stPtt"}},
+        {"a lost centre write: the accepted group stays written, the centre is sent again",
+         {{"stPtt", kPtt}, {"stPttDcn", kPttCentre}},
+         {},
+         {{IDC_PTT_GROUP_NUMBER, L"13"}, {IDC_PTT_CENTRE_IP, L""}},
+         {PttSetting("1", "13"), PttCentreSetting("", "7000")},
+         0,
+         {PttCentreSetting("", "7000")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {"stPttDcn"}},
+        {"a refused centre reply fails the load after the switch was shown",
+         {{"stPtt", kPtt}},
+         {{IDC_PTT_GROUP_NUMBER, L"12"}, {IDC_PTT_CENTRE_IP, L""}},
+         {},
+         {},
+         1,
+         {},
+         "MR4-A1", -1},
+    };
+    for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgPtt>(c);
 }

@@ -6,7 +6,9 @@
 #include <gtest/gtest.h>
 
 #include <cstdio>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "HostCallback.h"
@@ -116,15 +118,19 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
     }
 
     // Every tab of the four hosts; only the pages that read something send a query.
+    const std::map<std::pair<int, int>, V> firstShowing = {
+        {{IDC_MENU_NETWORK, 0}, V{"query stLocalEth0"}},
+        {{IDC_MENU_NETWORK, 4}, V{"query stPtt", "query stPttDcn"}},
+    };
     for (int button : {IDC_MENU_NETWORK, IDC_MENU_ENCODER, IDC_MENU_ALARM, IDC_MENU_SERIAL}) {
         if (button != IDC_MENU_NETWORK) watcher.Queue(Answer::Key(VK_RETURN));  // not loaded yet: read again
         Click(menu, button);
         auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
         const int count = static_cast<int>(SendDlgItemMessageW(tabs->Hwnd(), 2999, TCM_GETITEMCOUNT, 0, 0));
         for (int tab = count - 1; tab >= 0; --tab) {
-            const bool local = button == IDC_MENU_NETWORK && tab == 0;
+            const auto expected = firstShowing.find({button, tab});
             Run({"switch to tab " + std::to_string(tab) + " of category " + std::to_string(panel->Setup()->ShownCategory()),
-                 local ? V{"query stLocalEth0"} : V{}},
+                 expected != firstShowing.end() ? expected->second : V{}},
                 [&] {
                     TabSelect(tabs->Hwnd(), 2999, tab);
                     NMHDR change{GetDlgItem(tabs->Hwnd(), 2999), 2999, static_cast<UINT>(TCN_SELCHANGE)};
@@ -146,5 +152,47 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
     ComboSelect(panel->Setup()->ShownPage()->Hwnd(), IDC_NET_TYPE, 2);
     watcher.Queue(Answer::Key(VK_RETURN));
     Run({"write a new network type", V{"set stNetWorkMode"}}, [&] { Click(setup, IDC_SETUP_WRITE); });
+    for (const std::wstring& problem : watcher.Problems()) ADD_FAILURE() << std::string(problem.begin(), problem.end());
+}
+
+TEST_F(RoundTrip, EveryNetworkTabReadsAndWritesOnlyWhatItsPageNames) {
+    using V = std::vector<std::string>;
+    CDlgParam* panel = CDlgParam::CreateIn(host);
+    ASSERT_NE(panel, nullptr);
+    HWND setup = panel->Setup()->Hwnd();
+    Click(panel->Menu()->Hwnd(), IDC_MENU_NETWORK);
+    auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
+
+    // Per tab: what it reads, what a write without edits sends, one edit and what writing it sends. The
+    // centre server asks for confirmation before it writes, and writes nothing unchanged.
+    const struct {
+        int tab;
+        V read;
+        V unchanged;
+        int edited;
+        const wchar_t* edit;
+        V written;
+    } rows[] = {
+        {4, V{"query stPtt", "query stPttDcn"}, V{}, IDC_PTT_PORT, L"5061", V{"set stPttDcn"}},
+    };
+    for (const auto& row : rows) {
+        const std::string name = "network tab " + std::to_string(row.tab);
+        Run({"show " + name, row.read}, [&] {
+            TabSelect(tabs->Hwnd(), 2999, row.tab);
+            NMHDR change{GetDlgItem(tabs->Hwnd(), 2999), 2999, static_cast<UINT>(TCN_SELCHANGE)};
+            SendMessageW(tabs->Hwnd(), WM_NOTIFY, 2999, reinterpret_cast<LPARAM>(&change));
+        });
+        V read{"query stNetWorkMode"};
+        read.insert(read.end(), row.read.begin(), row.read.end());
+        Run({"read " + name, read}, [&] { Click(setup, IDC_SETUP_READ); });
+        const auto write = [&] {
+            if (row.tab == 3) watcher.Queue(Answer::Click(IDOK));
+            watcher.Queue(Answer::Key(VK_RETURN));
+            Click(setup, IDC_SETUP_WRITE);
+        };
+        Run({"write " + name + " unchanged", row.unchanged}, write);
+        SetItemText(tabs->SelectedPage()->Hwnd(), row.edited, row.edit);
+        Run({"write " + name + " with an edit", row.written}, write);
+    }
     for (const std::wstring& problem : watcher.Problems()) ADD_FAILURE() << std::string(problem.begin(), problem.end());
 }
