@@ -2,11 +2,13 @@
 #include <gtest/gtest.h>
 
 #include "PageHarness.h"
+#include "pages/net/CDlgTabNetCfgGNet.h"
 #include "pages/net/CDlgTabNetCfgLocal.h"
 #include "pages/net/CDlgTabNetCfgPtt.h"
 #include "res/resource.h"
 
 using varcfg::test::PageCase;
+using varcfg::test::PageUnderTest;
 using varcfg::test::RunPageCase;
 
 namespace {
@@ -122,4 +124,72 @@ TEST(PushToTalkPage, WritesEachChangedSectionInOrderAndStopsAtTheFirstFailure) {
          "MR4-A1", -1},
     };
     for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgPtt>(c);
+}
+
+namespace {
+
+const char kMobile[] = R"(ucFD_NetType="2" strFD_Apn="cmnet" strFD_PhoneNo="*99***1#" strFD_UserName="card" )"
+                       R"(strFD_UserPasswd="secret")";
+
+std::string MobileSetting(const std::string& type, const std::string& apn, const std::string& dialNumber,
+                          const std::string& user, const std::string& password) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><stMobileGNet ucFD_NetType=")" + type + R"(" strFD_Apn=")" + apn +
+           R"(" strFD_PhoneNo=")" + dialNumber + R"(" strFD_UserName=")" + user + R"(" strFD_UserPasswd=")" +
+           password + R"(" /></VariCfgSec>)";
+}
+
+}  // namespace
+
+TEST(MobileNetworkPage, SendsTheWholeSectionOnEverySaveWithTheCarrierDefaultsOfTheChosenType) {
+    const std::string unchanged = MobileSetting("2", "cmnet", "*99***1#", "card", "secret");
+    const PageCase cases[] = {
+        {"unchanged: every save sends the whole section",
+         {{"stMobileGNet", kMobile}},
+         {{IDC_MOBILE_TYPE, L"TDD/SCDMA"}, {IDC_MOBILE_APN, L"cmnet"}, {IDC_MOBILE_DIAL_NUMBER, L"*99***1#"},
+          {IDC_MOBILE_USER, L"card"}, {IDC_MOBILE_PASSWORD, L"secret"}},
+         {},
+         {unchanged},
+         1,
+         {unchanged}},
+        {"choosing a type overwrites a typed APN and keeps user and password",
+         {{"stMobileGNet", kMobile}},
+         {},
+         {{IDC_MOBILE_APN, L"private.apn"}, {IDC_MOBILE_TYPE, L"EVDO"}},
+         {MobileSetting("1", "ctnet", "#777", "card", "secret")},
+         1,
+         {MobileSetting("1", "ctnet", "#777", "card", "secret")}},
+        {"texts with quotes are sent as typed",
+         {{"stMobileGNet", kMobile}},
+         {},
+         {{IDC_MOBILE_TYPE, L"FDD-CTLTE"}, {IDC_MOBILE_USER, L"a\"b"}},
+         {MobileSetting("3", "ctlte", "*99#", "a\"b", "secret")},
+         1,
+         {MobileSetting("3", "ctlte", "*99#", "a\"b", "secret")}},
+        {"a type the list does not offer selects nothing on a new page",
+         {{"stMobileGNet", R"(ucFD_NetType="4" strFD_Apn="x")"}},
+         {{IDC_MOBILE_TYPE, L""}, {IDC_MOBILE_APN, L"x"}},
+         {},
+         {MobileSetting("-1", "x", "", "", "")},
+         1,
+         {MobileSetting("-1", "x", "", "", "")}},
+        {"a refused write keeps the edits for the next save",
+         {{"stMobileGNet", kMobile}},
+         {},
+         {{IDC_MOBILE_PASSWORD, L"new"}},
+         {MobileSetting("2", "cmnet", "*99***1#", "card", "new")},
+         0,
+         {MobileSetting("2", "cmnet", "*99***1#", "card", "new")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)"},
+    };
+    for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgGNet>(c);
+
+    // A later read of a type the list does not offer keeps the type shown, and saves it.
+    PageUnderTest page(std::make_unique<CDlgTabNetCfgGNet>(), "MR4-A1");
+    page.recorder.SetSection("stMobileGNet", kMobile);
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    page.recorder.SetSection("stMobileGNet", R"(ucFD_NetType="9" strFD_Apn="cmnet" strFD_PhoneNo="*99***1#")");
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    EXPECT_EQ(varcfg::test::Shown(page.Hwnd(), IDC_MOBILE_TYPE), L"TDD/SCDMA");
+    EXPECT_EQ(page.Page().Save(), 1);
+    EXPECT_EQ(page.TakeSettings(), std::vector<std::string>{MobileSetting("2", "cmnet", "*99***1#", "", "")});
 }
