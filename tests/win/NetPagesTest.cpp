@@ -1,11 +1,18 @@
 // The network pages, each over a table of cases: what a load shows, what a save sends.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 #include "PageHarness.h"
 #include "pages/net/CDlgTabNetCfgGNet.h"
 #include "pages/net/CDlgTabNetCfgLocal.h"
 #include "pages/net/CDlgTabNetCfgPtt.h"
+#include "pages/net/CDlgTabNetCfgWifi.h"
 #include "res/resource.h"
+#include "base/Platform.h"
+#include "ui/Language.h"
+#include "ui/win/WinPlatform.h"
 
 using varcfg::test::PageCase;
 using varcfg::test::PageUnderTest;
@@ -192,4 +199,105 @@ TEST(MobileNetworkPage, SendsTheWholeSectionOnEverySaveWithTheCarrierDefaultsOfT
     EXPECT_EQ(varcfg::test::Shown(page.Hwnd(), IDC_MOBILE_TYPE), L"TDD/SCDMA");
     EXPECT_EQ(page.Page().Save(), 1);
     EXPECT_EQ(page.TakeSettings(), std::vector<std::string>{MobileSetting("2", "cmnet", "*99***1#", "", "")});
+}
+
+namespace {
+
+// The list texts that come from the language table, so that tests can pick them by name.
+class ScopedLanguage {
+public:
+    explicit ScopedLanguage(const std::string& texts) {
+        varcfg::InstallPlatform(&varcfg::WindowsPlatform());
+        std::ofstream(file_) << "[STRING]\n" << texts;
+        CLanguage::Instance().SetLanguagePath(file_.wstring());
+    }
+    ~ScopedLanguage() {
+        CLanguage::Instance().SetLanguagePath(L"");
+        varcfg::InstallPlatform(nullptr);
+        std::filesystem::remove(file_);
+    }
+
+private:
+    std::filesystem::path file_ = std::filesystem::temp_directory_path() / "net_pages_language.ini";
+};
+
+const char kWifiClient[] = R"(ucFD_WorkMode="1" strFD_SSID="depot" strFD_Passwd="k3y" ucFD_AuthMode="2" )"
+                           R"(ucFD_CryptType="1" ucFD_DhcpEnableFlag="1" uiFD_IP="0x640AA8C0" )"
+                           R"(uiFD_NetMask="255.255.255.0" uiFD_GateWay="17475776" uiFD_DNS="8.8.8.8")";
+
+std::string WifiClientSetting(const std::string& ssid, const std::string& key, const std::string& authentication,
+                              const std::string& encryption, const std::string& dhcp, const std::string& ip) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><stWifi ucFD_WorkMode="1" strFD_SSID=")" + ssid +
+           R"(" strFD_Passwd=")" + key + R"(" ucFD_AuthMode=")" + authentication + R"(" ucFD_CryptType=")" +
+           encryption + R"(" ucFD_DhcpEnableFlag=")" + dhcp + R"(" uiFD_IP=")" + ip +
+           R"(" uiFD_NetMask="255.255.255.0" uiFD_GateWay="192.168.10.1" /></VariCfgSec>)";
+}
+
+const std::string kAccessPointMode = R"(<VariCfgSec Action="DEVICE_SET"><stWifi ucFD_WorkMode="2" /></VariCfgSec>)";
+
+std::string AccessPointSetting(const std::string& ssid, const std::string& key, const std::string& authentication,
+                               const std::string& encryption) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><stWifiAp strFD_SSID=")" + ssid + R"(" strFD_Passwd=")" + key +
+           R"(" ucFD_AuthMode=")" + authentication + R"(" ucFD_CryptType=")" + encryption + R"(" /> /></VariCfgSec>)";
+}
+
+}  // namespace
+
+TEST(WifiPage, SendsTheClientOrTheAccessPointSettingsWithTheEncryptionsOfTheAuthentication) {
+    const ScopedLanguage language("16029=Client\n16030=Access point\n11006=HEX\n");
+    const std::string client = WifiClientSetting("depot", "k3y", "2", "1", "1", "192.168.10.100");
+    const PageCase cases[] = {
+        {"a client on DHCP: every save sends the fixed address too",
+         {{"stWifi", kWifiClient}},
+         {{IDC_WIFI_MODE, L"Client"}, {IDC_WIFI_SSID, L"depot"}, {IDC_WIFI_KEY, L"k3y"}, {IDC_WIFI_AUTH, L"WPA2PSK"},
+          {IDC_WIFI_CRYPT, L"AES"}, {IDC_WIFI_DHCP, L"1"}, {IDC_WIFI_IP, L"192.168.10.100"},
+          {IDC_WIFI_MASK, L"255.255.255.0"}, {IDC_WIFI_GATEWAY, L"192.168.10.1"}},
+         {},
+         {client},
+         1,
+         {client}},
+        {"open: no encryption to choose, sent as 100 and -1",
+         {{"stWifi", kWifiClient}},
+         {},
+         {{IDC_WIFI_AUTH, L"OPEN"}, {IDC_WIFI_DHCP, L"0"}, {IDC_WIFI_IP, L""}},
+         {WifiClientSetting("depot", "k3y", "100", "-1", "0", "")},
+         1,
+         {WifiClientSetting("depot", "k3y", "100", "-1", "0", "")}},
+        {"from WEP to WPA2-PSK the encryption starts again at TKIP",
+         {{"stWifi", R"(ucFD_WorkMode="3" ucFD_AuthMode="0" ucFD_CryptType="1")"}},
+         {{IDC_WIFI_MODE, L"Client"}, {IDC_WIFI_AUTH, L"WEP"}, {IDC_WIFI_CRYPT, L"HEX"}},
+         {{IDC_WIFI_AUTH, L"WPA2PSK"}, {IDC_WIFI_SSID, L"a\"b"}},
+         {R"(<VariCfgSec Action="DEVICE_SET"><stWifi ucFD_WorkMode="1" strFD_SSID="a"b" strFD_Passwd="" )"
+          R"(ucFD_AuthMode="2" ucFD_CryptType="0" ucFD_DhcpEnableFlag="0" uiFD_IP="0.0.0.0" )"
+          R"(uiFD_NetMask="0.0.0.0" uiFD_GateWay="0.0.0.0" /></VariCfgSec>)"},
+         1,
+         {R"(<VariCfgSec Action="DEVICE_SET"><stWifi ucFD_WorkMode="1" strFD_SSID="a"b" strFD_Passwd="" )"
+          R"(ucFD_AuthMode="2" ucFD_CryptType="0" ucFD_DhcpEnableFlag="0" uiFD_IP="0.0.0.0" )"
+          R"(uiFD_NetMask="0.0.0.0" uiFD_GateWay="0.0.0.0" /></VariCfgSec>)"}},
+        {"an access point: the work mode, then its own section with the doubled end",
+         {{"stWifi", R"(ucFD_WorkMode="2" strFD_SSID="MDVR-AP" strFD_Passwd="12345678" ucFD_AuthMode="100" )"
+                     R"(ucFD_CryptType="7")"}},
+         {{IDC_WIFI_MODE, L"Access point"}, {IDC_WIFI_AUTH, L"WEP"}, {IDC_WIFI_CRYPT, L"ASCII"}},
+         {},
+         {kAccessPointMode, AccessPointSetting("MDVR-AP", "12345678", "0", "0")},
+         1,
+         {kAccessPointMode, AccessPointSetting("MDVR-AP", "12345678", "0", "0")}},
+        {"a refused work mode sends nothing more",
+         {{"stWifi", kWifiClient}},
+         {},
+         {{IDC_WIFI_MODE, L"Access point"}},
+         {kAccessPointMode},
+         0,
+         {kAccessPointMode},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {}, {"stWifi"}},
+        {"a lost access point write fails the save",
+         {{"stWifi", kWifiClient}},
+         {},
+         {{IDC_WIFI_MODE, L"Access point"}},
+         {kAccessPointMode, AccessPointSetting("depot", "k3y", "2", "1")},
+         0,
+         {kAccessPointMode, AccessPointSetting("depot", "k3y", "2", "1")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {"stWifiAp"}},
+    };
+    for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgWifi>(c);
 }

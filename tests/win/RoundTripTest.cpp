@@ -120,6 +120,7 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
     // Every tab of the four hosts; only the pages that read something send a query.
     const std::map<std::pair<int, int>, V> firstShowing = {
         {{IDC_MENU_NETWORK, 0}, V{"query stLocalEth0"}},
+        {{IDC_MENU_NETWORK, 1}, V{"query stWifi"}},
         {{IDC_MENU_NETWORK, 2}, V{"query stMobileGNet"}},
         {{IDC_MENU_NETWORK, 4}, V{"query stPtt", "query stPttDcn"}},
     };
@@ -174,6 +175,7 @@ TEST_F(RoundTrip, EveryNetworkTabReadsAndWritesOnlyWhatItsPageNames) {
         const wchar_t* edit;
         V written;
     } rows[] = {
+        {1, V{"query stWifi"}, V{"set stWifi"}, IDC_WIFI_SSID, L"yard", V{"set stWifi"}},
         {2, V{"query stMobileGNet"}, V{"set stMobileGNet"}, IDC_MOBILE_APN, L"fleet.apn", V{"set stMobileGNet"}},
         {4, V{"query stPtt", "query stPttDcn"}, V{}, IDC_PTT_PORT, L"5061", V{"set stPttDcn"}},
     };
