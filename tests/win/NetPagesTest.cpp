@@ -1,11 +1,13 @@
 // The network pages, each over a table of cases: what a load shows, what a save sends.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 
 #include "PageHarness.h"
 #include "pages/net/CDlgTabNetCfgGNet.h"
+#include "pages/net/CDlgTabNetCfgKovCms.h"
 #include "pages/net/CDlgTabNetCfgLocal.h"
 #include "pages/net/CDlgTabNetCfgPtt.h"
 #include "pages/net/CDlgTabNetCfgWifi.h"
@@ -300,4 +302,87 @@ TEST(WifiPage, SendsTheClientOrTheAccessPointSettingsWithTheEncryptionsOfTheAuth
          "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {"stWifiAp"}},
     };
     for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgWifi>(c);
+}
+
+namespace {
+
+const char kBaseInfo[] = R"(strFD_DeviceNo="BUS0042" ucFD_TimeZone="12")";
+const char kCentre[] = R"(ucFD_AddressType="0" uiFD_IP="121.40.17.5" strFD_Domain="cms.old.example" usFD_Port="6608")";
+const char kPlatformAccepted[] = R"(<Response><NETWORK_SET Action="set" Result="1"/></Response>)";
+
+std::string CentreSetting(const std::string& deviceId, const std::string& address, const std::string& port) {
+    return R"(<Parameter><NETWORK_SET Action="set" DevIDNO=")" + deviceId + R"("  CenterIP_0=")" + address +
+           R"(" ContrlPort_0=")" + port + R"(" /></Parameter>)";
+}
+
+}  // namespace
+
+TEST(CentreServerPage, WritesThePlatformMessageOnlyAfterConfirmationAndWhenSomethingChanged) {
+    const std::string byDomain = CentreSetting("BUS0042", "cms.fleet.example", "6608");
+    const PageCase cases[] = {
+        {"unchanged: confirmed, nothing is sent",
+         {{"stBaseInfo", kBaseInfo}, {"stCMS", kCentre}},
+         {{IDC_CMS_DEVICE_ID, L"BUS0042"}, {IDC_CMS_ADDRESS_TYPE, L"IP"}, {IDC_CMS_IP, L"121.40.17.5"},
+          {IDC_CMS_DOMAIN, L"cms.old.example"}, {IDC_CMS_PORT, L"6608"}},
+         {},
+         {},
+         0,
+         {},
+         "MR4-A1", 1, kPlatformAccepted, {}, {}, {IDOK, IDOK}},
+        {"cancelled: nothing is sent and the edit waits for the next save",
+         {{"stBaseInfo", kBaseInfo}, {"stCMS", kCentre}},
+         {},
+         {{IDC_CMS_PORT, L"7000"}},
+         {},
+         0,
+         {CentreSetting("BUS0042", "121.40.17.5", "7000")},
+         "MR4-A1", 1, kPlatformAccepted, {}, {}, {IDCANCEL, IDOK}},
+        {"by domain: the domain is sent as the address, and again, for its baseline stays",
+         {{"stBaseInfo", kBaseInfo}, {"stCMS", kCentre}},
+         {},
+         {{IDC_CMS_ADDRESS_TYPE, L"DOMAIN"}, {IDC_CMS_DOMAIN, L"cms.fleet.example"}},
+         {byDomain},
+         1,
+         {byDomain},
+         "MR4-A1", 1, kPlatformAccepted, {}, {}, {IDOK, IDOK}},
+        {"a port that is not a number goes as typed; a VariCfgSec answer is refused",
+         {{"stBaseInfo", kBaseInfo}, {"stCMS", kCentre}},
+         {},
+         {{IDC_CMS_PORT, L"66\"8"}},
+         {CentreSetting("BUS0042", "121.40.17.5", "66\"8")},
+         0,
+         {CentreSetting("BUS0042", "121.40.17.5", "66\"8")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {}, {}, {IDOK, IDOK}},
+        {"a lost message keeps the edit for the next save",
+         {{"stBaseInfo", kBaseInfo}, {"stCMS", kCentre}},
+         {},
+         {{IDC_CMS_DEVICE_ID, L"BUS0043"}},
+         {CentreSetting("BUS0043", "121.40.17.5", "6608")},
+         0,
+         {CentreSetting("BUS0043", "121.40.17.5", "6608")},
+         "MR4-A1", 1, kPlatformAccepted, {"NETWORK_SET"}, {}, {IDOK, IDOK}},
+        {"a device ID of four characters does not decode: the server is not read, and the port's first "
+         "text differs from the empty baseline",
+         {{"stBaseInfo", R"(strFD_DeviceNo="BUS1")"}, {"stCMS", kCentre}},
+         {{IDC_CMS_DEVICE_ID, L""}, {IDC_CMS_PORT, L"6608"}, {IDC_CMS_IP, L""}},
+         {},
+         {CentreSetting("", "", "6608")},
+         1,
+         {},
+         "MR4-A1", 0, kPlatformAccepted, {}, {}, {IDOK, IDOK}},
+    };
+    for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfgKovCms>(c);
+
+    // What the operator is asked to confirm.
+    const ScopedLanguage language("24175=Apply server settings\n");
+    PageUnderTest page(std::make_unique<CDlgTabNetCfgKovCms>(), "MR4-A1");
+    page.recorder.SetSection("stBaseInfo", kBaseInfo);
+    page.recorder.SetSection("stCMS", kCentre);
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    page.watcher.Queue(varcfg::test::Answer::Click(IDCANCEL));
+    EXPECT_EQ(page.Page().Save(), 0);
+    ASSERT_EQ(page.watcher.Seen().size(), 1u);
+    EXPECT_EQ(page.watcher.Seen()[0].title, L"Apply server settings");
+    const auto texts = page.watcher.Seen()[0].StaticTexts();
+    EXPECT_NE(std::find(texts.begin(), texts.end(), L"Apply server settings:BUS0042@121.40.17.5:6608"), texts.end());
 }

@@ -122,6 +122,7 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         {{IDC_MENU_NETWORK, 0}, V{"query stLocalEth0"}},
         {{IDC_MENU_NETWORK, 1}, V{"query stWifi"}},
         {{IDC_MENU_NETWORK, 2}, V{"query stMobileGNet"}},
+        {{IDC_MENU_NETWORK, 3}, V{"query stBaseInfo", "query stCMS"}},
         {{IDC_MENU_NETWORK, 4}, V{"query stPtt", "query stPttDcn"}},
     };
     for (int button : {IDC_MENU_NETWORK, IDC_MENU_ENCODER, IDC_MENU_ALARM, IDC_MENU_SERIAL}) {
@@ -177,6 +178,7 @@ TEST_F(RoundTrip, EveryNetworkTabReadsAndWritesOnlyWhatItsPageNames) {
     } rows[] = {
         {1, V{"query stWifi"}, V{"set stWifi"}, IDC_WIFI_SSID, L"yard", V{"set stWifi"}},
         {2, V{"query stMobileGNet"}, V{"set stMobileGNet"}, IDC_MOBILE_APN, L"fleet.apn", V{"set stMobileGNet"}},
+        {3, V{"query stBaseInfo", "query stCMS"}, V{}, IDC_CMS_PORT, L"6609", V{"set NETWORK_SET"}},
         {4, V{"query stPtt", "query stPttDcn"}, V{}, IDC_PTT_PORT, L"5061", V{"set stPttDcn"}},
     };
     for (const auto& row : rows) {

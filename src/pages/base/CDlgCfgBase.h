@@ -115,6 +115,8 @@ protected:
     void AcceptSection(const varcfg::Section<Record>& section, int row = 0) {
         AcceptBindings(section.bindings, row);
     }
+    // One control's taken value becomes its baseline, for pages that accept part of a section.
+    void AcceptValue(int control) { baseline_[control] = Value(control); }
     template <class Record>
     static SectionInfo Info(const varcfg::Section<Record>& section) {
         return SectionInfo{section.name, section.bindings};
