@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "PageHarness.h"
+#include "pages/net/CDlgTabNetCfg808.h"
 #include "pages/net/CDlgTabNetCfgGNet.h"
 #include "pages/net/CDlgTabNetCfgKovCms.h"
 #include "pages/net/CDlgTabNetCfgLocal.h"
@@ -385,4 +386,98 @@ TEST(CentreServerPage, WritesThePlatformMessageOnlyAfterConfirmationAndWhenSomet
     EXPECT_EQ(page.watcher.Seen()[0].title, L"Apply server settings");
     const auto texts = page.watcher.Seen()[0].StaticTexts();
     EXPECT_NE(std::find(texts.begin(), texts.end(), L"Apply server settings:BUS0042@121.40.17.5:6608"), texts.end());
+}
+
+namespace {
+
+const char kLink808[] = R"(ucFD_NetType="0" usFD_GPSInterval="30" ucFD_EnableHR808="1")";
+const char kCarInfo[] = R"(strFD_Phonenumber="13800138000" strFD_ProvincialId="44" strFD_CityDomainId="0300" )"
+                        R"(strFD_CarColors="2" strFD_TerminalID="T1234567" strFD_CarVIN="LSVAM4187C2184847" )"
+                        R"(strFD_TerminalType="MR9504" strFD_DeviceNum="BUS0042" strFD_CarType="Bus" )"
+                        R"(strFD_FacturerID="70111" strFD_DrivingLicense="D-1")";
+const char kServer[] = R"(ucFD_AddressType="0" uiFD_IP="121.40.17.5" strFD_Domain="" usFD_Port="7611")";
+const char kOtherServer[] = R"(ucFD_AddressType="1" uiFD_IP="0" strFD_Domain="jt808.example" usFD_Port="7008")";
+
+std::string CarInfoSetting(const std::string& phone, const std::string& colour) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><stCarInfo strFD_Phonenumber=")" + phone +
+           R"(" strFD_ProvincialId="44" strFD_CityDomainId="0300" strFD_CarColors=")" + colour +
+           R"(" strFD_TerminalID="T1234567" strFD_CarVIN="LSVAM4187C2184847" strFD_TerminalType="MR9504" )"
+           R"(strFD_DeviceNum="BUS0042" strFD_CarType="Bus" strFD_FacturerID="70111" strFD_DrivingLicense="D-1" )"
+           R"(/></VariCfgSec>)";
+}
+
+std::string ServerSetting(const std::string& section, const std::string& type, const std::string& ip,
+                          const std::string& domain, const std::string& port) {
+    return R"(<VariCfgSec Action="DEVICE_SET"><)" + section + R"( ucFD_AddressType=")" + type + R"(" uiFD_IP=")" +
+           ip + R"(" strFD_Domain=")" + domain + R"(" usFD_Port=")" + port + R"(" /></VariCfgSec>)";
+}
+
+const std::string kLinkOff = R"(<VariCfgSec Action="DEVICE_SET"><stNetWorkMode ucFD_EnableHR808="0" /></VariCfgSec>)";
+
+}  // namespace
+
+TEST(Platform808Page, WritesTheChangedSectionsInOrderAndServer2AgainstServer1) {
+    const ScopedLanguage language("17021=Blue\n17022=Yellow\n17023=No plate\n17024=Black\n");
+    const std::vector<std::pair<std::string, std::string>> sameServerTwice = {
+        {"stNetWorkMode", kLink808}, {"stCarInfo", kCarInfo}, {"st808CMS1", kServer}, {"st808CMS2", kServer}};
+    const std::vector<std::pair<std::string, std::string>> twoServers = {
+        {"stNetWorkMode", kLink808}, {"stCarInfo", kCarInfo}, {"st808CMS1", kServer}, {"st808CMS2", kOtherServer}};
+    const std::string server2 = ServerSetting("st808CMS2", "1", "0.0.0.0", "jt808.example", "7008");
+    const PageCase cases[] = {
+        {"the same server twice, no edits: nothing is sent",
+         sameServerTwice,
+         {{IDC_808_ENABLE, L"1"}, {IDC_808_PHONE, L"13800138000"}, {IDC_808_PLATE_COLOUR, L"Yellow"},
+          {IDC_808_DRIVING_LICENCE, L"D-1"}, {IDC_808_SERVER1_TYPE, L"IP"}, {IDC_808_SERVER1_IP, L"121.40.17.5"},
+          {IDC_808_SERVER1_PORT, L"7611"}, {IDC_808_SERVER2_IP, L"121.40.17.5"}},
+         {},
+         {}},
+        {"two different servers: server 2 is written on every save",
+         twoServers,
+         {{IDC_808_SERVER2_TYPE, L"DOMAIN"}, {IDC_808_SERVER2_DOMAIN, L"jt808.example"}},
+         {},
+         {server2},
+         1,
+         {server2}},
+        {"every section changed: written in order, the colour as its index",
+         sameServerTwice,
+         {},
+         {{IDC_808_ENABLE, L"0"}, {IDC_808_PLATE_COLOUR, L"Black"}, {IDC_808_SERVER1_PORT, L"7612"},
+          {IDC_808_SERVER2_DOMAIN, L"b\"u"}},
+         {kLinkOff, CarInfoSetting("13800138000", "3"), ServerSetting("st808CMS1", "0", "121.40.17.5", "", "7612"),
+          ServerSetting("st808CMS2", "0", "121.40.17.5", "b\"u", "7611")},
+         1,
+         {ServerSetting("st808CMS2", "0", "121.40.17.5", "b\"u", "7611")}},
+        {"a refused vehicle write ends the save; the switch stays written",
+         sameServerTwice,
+         {},
+         {{IDC_808_ENABLE, L"0"}, {IDC_808_PHONE, L"139"}, {IDC_808_SERVER1_PORT, L"7612"}},
+         {kLinkOff, CarInfoSetting("139", "2")},
+         0,
+         {CarInfoSetting("139", "2")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {}, {"stCarInfo"}},
+        {"a colour outside the list selects nothing and goes as -1",
+         {{"stNetWorkMode", kLink808}, {"stCarInfo", R"(strFD_CarColors="7")"}, {"st808CMS1", kServer},
+          {"st808CMS2", kServer}},
+         {{IDC_808_PLATE_COLOUR, L""}},
+         {{IDC_808_PHONE, L"1"}, {IDC_808_SERVER2_PORT, L"7000"}},
+         {R"(<VariCfgSec Action="DEVICE_SET"><stCarInfo strFD_Phonenumber="1" strFD_ProvincialId="" )"
+          R"(strFD_CityDomainId="" strFD_CarColors="-1" strFD_TerminalID="" strFD_CarVIN="" strFD_TerminalType="" )"
+          R"(strFD_DeviceNum="" strFD_CarType="" strFD_FacturerID="" strFD_DrivingLicense="" /></VariCfgSec>)",
+          ServerSetting("st808CMS2", "0", "121.40.17.5", "", "7000")},
+         0,
+         {ServerSetting("st808CMS2", "0", "121.40.17.5", "", "7000")},
+         "MR4-A1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)", {"st808CMS2"}},
+    };
+    for (const PageCase& c : cases) RunPageCase<CDlgTabNetCfg808>(c);
+
+    // A refused server 1 reply ends the load: server 2 is not asked for.
+    PageUnderTest page(std::make_unique<CDlgTabNetCfg808>(), "MR4-A1");
+    page.recorder.SetSection("stNetWorkMode", kLink808);
+    page.recorder.SetSection("stCarInfo", kCarInfo);
+    page.recorder.SetSection("st808CMS2", kServer);
+    EXPECT_EQ(page.Page().Refresh(), -1);
+    const std::vector<std::string> queried = page.recorder.Texts();
+    ASSERT_EQ(queried.size(), 3u);
+    EXPECT_NE(queried[2].find("<st808CMS1>"), std::string::npos);
+    EXPECT_EQ(varcfg::test::Shown(page.Hwnd(), IDC_808_SERVER2_IP), L"");
 }

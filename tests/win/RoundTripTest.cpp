@@ -124,6 +124,7 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         {{IDC_MENU_NETWORK, 2}, V{"query stMobileGNet"}},
         {{IDC_MENU_NETWORK, 3}, V{"query stBaseInfo", "query stCMS"}},
         {{IDC_MENU_NETWORK, 4}, V{"query stPtt", "query stPttDcn"}},
+        {{IDC_MENU_NETWORK, 5}, V{"query stNetWorkMode", "query stCarInfo", "query st808CMS1", "query st808CMS2"}},
     };
     for (int button : {IDC_MENU_NETWORK, IDC_MENU_ENCODER, IDC_MENU_ALARM, IDC_MENU_SERIAL}) {
         if (button != IDC_MENU_NETWORK) watcher.Queue(Answer::Key(VK_RETURN));  // not loaded yet: read again
@@ -180,6 +181,9 @@ TEST_F(RoundTrip, EveryNetworkTabReadsAndWritesOnlyWhatItsPageNames) {
         {2, V{"query stMobileGNet"}, V{"set stMobileGNet"}, IDC_MOBILE_APN, L"fleet.apn", V{"set stMobileGNet"}},
         {3, V{"query stBaseInfo", "query stCMS"}, V{}, IDC_CMS_PORT, L"6609", V{"set NETWORK_SET"}},
         {4, V{"query stPtt", "query stPttDcn"}, V{}, IDC_PTT_PORT, L"5061", V{"set stPttDcn"}},
+        // The backup 808 server differs from the primary: it is written on every save.
+        {5, V{"query stNetWorkMode", "query stCarInfo", "query st808CMS1", "query st808CMS2"}, V{"set st808CMS2"},
+         IDC_808_PHONE, L"013900139000", V{"set stCarInfo", "set st808CMS2"}},
     };
     for (const auto& row : rows) {
         const std::string name = "network tab " + std::to_string(row.tab);
