@@ -1,5 +1,6 @@
 #include "pages/net/CDlgTabNetCfg808.h"
 
+#include "pages/net/ServerSection.h"
 #include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/Language.h"
@@ -29,23 +30,13 @@ constexpr Binding<CarInfoRecord> kCarInfoBindings[] = {
 };
 constexpr Section<CarInfoRecord> kCarInfo{"stCarInfo", kCarInfoBindings};
 
-constexpr Binding<ServerRecord> kServer1Bindings[] = {
-    VARCFG_BIND(ServerRecord, addressType, "ucFD_AddressType", Integer)
-        .InComboIndex(IDC_808_SERVER1_TYPE, Unlisted::Clear),
-    VARCFG_BIND(ServerRecord, ip, "uiFD_IP", Ip).InIpAddress(IDC_808_SERVER1_IP),
-    VARCFG_BIND(ServerRecord, domain, "strFD_Domain", Text).InText(IDC_808_SERVER1_DOMAIN),
-    VARCFG_BIND(ServerRecord, port, "usFD_Port", Integer).InText(IDC_808_SERVER1_PORT),
-};
-constexpr Section<ServerRecord> kServer1{"st808CMS1", kServer1Bindings};
+constexpr ServerBindings kServer1Bindings =
+    BindServer({IDC_808_SERVER1_TYPE, IDC_808_SERVER1_IP, IDC_808_SERVER1_DOMAIN, IDC_808_SERVER1_PORT});
+constexpr Section<ServerRecord> kServer1{"st808CMS1", kServer1Bindings.rows};
 
-constexpr Binding<ServerRecord> kServer2Bindings[] = {
-    VARCFG_BIND(ServerRecord, addressType, "ucFD_AddressType", Integer)
-        .InComboIndex(IDC_808_SERVER2_TYPE, Unlisted::Clear),
-    VARCFG_BIND(ServerRecord, ip, "uiFD_IP", Ip).InIpAddress(IDC_808_SERVER2_IP),
-    VARCFG_BIND(ServerRecord, domain, "strFD_Domain", Text).InText(IDC_808_SERVER2_DOMAIN),
-    VARCFG_BIND(ServerRecord, port, "usFD_Port", Integer).InText(IDC_808_SERVER2_PORT),
-};
-constexpr Section<ServerRecord> kServer2{"st808CMS2", kServer2Bindings};
+constexpr ServerBindings kServer2Bindings =
+    BindServer({IDC_808_SERVER2_TYPE, IDC_808_SERVER2_IP, IDC_808_SERVER2_DOMAIN, IDC_808_SERVER2_PORT});
+constexpr Section<ServerRecord> kServer2{"st808CMS2", kServer2Bindings.rows};
 
 constexpr wchar_t kLinkSetting[] =
     L"<VariCfgSec Action=\"DEVICE_SET\"><stNetWorkMode ucFD_EnableHR808=\"%d\" /></VariCfgSec>";
@@ -111,23 +102,20 @@ int CDlgTabNetCfg808::Save() {
     TakeSection(kCarInfo);
     TakeSection(kServer1);
     TakeSection(kServer2);
-    int result = 1;
-    if (SectionChanged(kLink)) {
-        result = SendSetting(FillTemplate(kLinkSetting, {Number(IDC_808_ENABLE)}));
-        if (result == 1) AcceptSection(kLink);
+    int result = WriteChangedSection(kLink, FillTemplate(kLinkSetting, {Number(IDC_808_ENABLE)}));
+    if (result == 1) {
+        result = WriteChangedSection(
+            kCarInfo, FillTemplate(kCarInfoSetting,
+                                   {Text(IDC_808_PHONE), Text(IDC_808_PROVINCE), Text(IDC_808_CITY),
+                                    Number(IDC_808_PLATE_COLOUR), Text(IDC_808_TERMINAL_ID), Text(IDC_808_VIN),
+                                    Text(IDC_808_TERMINAL_TYPE), Text(IDC_808_DEVICE_NUMBER),
+                                    Text(IDC_808_VEHICLE_TYPE), Text(IDC_808_MANUFACTURER),
+                                    Text(IDC_808_DRIVING_LICENCE)}));
     }
-    if (result == 1 && SectionChanged(kCarInfo)) {
-        result = SendSetting(FillTemplate(
-            kCarInfoSetting, {Text(IDC_808_PHONE), Text(IDC_808_PROVINCE), Text(IDC_808_CITY),
-                              Number(IDC_808_PLATE_COLOUR), Text(IDC_808_TERMINAL_ID), Text(IDC_808_VIN),
-                              Text(IDC_808_TERMINAL_TYPE), Text(IDC_808_DEVICE_NUMBER), Text(IDC_808_VEHICLE_TYPE),
-                              Text(IDC_808_MANUFACTURER), Text(IDC_808_DRIVING_LICENCE)}));
-        if (result == 1) AcceptSection(kCarInfo);
-    }
-    if (result == 1 && SectionChanged(kServer1)) {
-        result = SendSetting(FillTemplate(kServer1Setting, {Number(IDC_808_SERVER1_TYPE), Text(IDC_808_SERVER1_IP),
-                                                            Text(IDC_808_SERVER1_DOMAIN), Text(IDC_808_SERVER1_PORT)}));
-        if (result == 1) AcceptSection(kServer1);
+    if (result == 1) {
+        result = WriteChangedSection(
+            kServer1, FillTemplate(kServer1Setting, {Number(IDC_808_SERVER1_TYPE), Text(IDC_808_SERVER1_IP),
+                                                     Text(IDC_808_SERVER1_DOMAIN), Text(IDC_808_SERVER1_PORT)}));
     }
     // Server 2's address and port are compared with server 1's accepted ones, not with its own: with two
     // different servers it is written on every save. Kept: a second write of the same server is harmless.

@@ -1,6 +1,7 @@
 #include "pages/net/CDlgTabNetCfgKovCms.h"
 
 #include "base/AnsiText.h"
+#include "pages/net/ServerSection.h"
 #include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/Language.h"
@@ -15,14 +16,9 @@ constexpr Binding<BaseInfoRecord> kDeviceIdBindings[] = {
 };
 constexpr Section<BaseInfoRecord> kDeviceId{"stBaseInfo", kDeviceIdBindings};
 
-constexpr Binding<ServerRecord> kCentreBindings[] = {
-    VARCFG_BIND(ServerRecord, addressType, "ucFD_AddressType", Integer)
-        .InComboIndex(IDC_CMS_ADDRESS_TYPE, Unlisted::Clear),
-    VARCFG_BIND(ServerRecord, ip, "uiFD_IP", Ip).InIpAddress(IDC_CMS_IP),
-    VARCFG_BIND(ServerRecord, domain, "strFD_Domain", Text).InText(IDC_CMS_DOMAIN),
-    VARCFG_BIND(ServerRecord, port, "usFD_Port", Integer).InText(IDC_CMS_PORT),
-};
-constexpr Section<ServerRecord> kCentre{"stCMS", kCentreBindings};
+constexpr ServerBindings kCentreBindings =
+    BindServer({IDC_CMS_ADDRESS_TYPE, IDC_CMS_IP, IDC_CMS_DOMAIN, IDC_CMS_PORT});
+constexpr Section<ServerRecord> kCentre{"stCMS", kCentreBindings.rows};
 
 // The platform's own message; the two blanks before CenterIP_0 are part of it. The platform tells an
 // IP address from a domain name by the text of CenterIP_0.

@@ -1,5 +1,6 @@
 #include "pages/net/CDlgTabNetCfgPtt.h"
 
+#include "pages/net/ServerSection.h"
 #include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
@@ -14,13 +15,8 @@ constexpr Binding<PttRecord> kPttBindings[] = {
 };
 constexpr Section<PttRecord> kPtt{"stPtt", kPttBindings};
 
-constexpr Binding<ServerRecord> kPttCentreBindings[] = {
-    VARCFG_BIND(ServerRecord, addressType, "ucFD_AddressType", Integer),
-    VARCFG_BIND(ServerRecord, ip, "uiFD_IP", Ip).InIpAddress(IDC_PTT_CENTRE_IP),
-    VARCFG_BIND(ServerRecord, domain, "strFD_Domain", Text),
-    VARCFG_BIND(ServerRecord, port, "usFD_Port", Integer).InText(IDC_PTT_PORT),
-};
-constexpr Section<ServerRecord> kPttCentre{"stPttDcn", kPttCentreBindings};
+constexpr ServerBindings kPttCentreBindings = BindServer({0, IDC_PTT_CENTRE_IP, 0, IDC_PTT_PORT});
+constexpr Section<ServerRecord> kPttCentre{"stPttDcn", kPttCentreBindings.rows};
 
 constexpr wchar_t kPttSetting[] =
     L"<VariCfgSec Action=\"DEVICE_SET\"><stPtt ucFD_Enable=\"%d\" usFD_GroupNo=\"%s\" /></VariCfgSec>";
@@ -53,14 +49,11 @@ int CDlgTabNetCfgPtt::Refresh() {
 int CDlgTabNetCfgPtt::Save() {
     TakeSection(kPtt);
     TakeSection(kPttCentre);
-    int result = 1;
-    if (SectionChanged(kPtt)) {
-        result = SendSetting(FillTemplate(kPttSetting, {Number(IDC_PTT_ENABLE), Text(IDC_PTT_GROUP_NUMBER)}));
-        if (result == 1) AcceptSection(kPtt);
-    }
-    if (result == 1 && SectionChanged(kPttCentre)) {
-        result = SendSetting(FillTemplate(kPttCentreSetting, {Text(IDC_PTT_CENTRE_IP), Text(IDC_PTT_PORT)}));
-        if (result == 1) AcceptSection(kPttCentre);
+    int result =
+        WriteChangedSection(kPtt, FillTemplate(kPttSetting, {Number(IDC_PTT_ENABLE), Text(IDC_PTT_GROUP_NUMBER)}));
+    if (result == 1) {
+        result = WriteChangedSection(
+            kPttCentre, FillTemplate(kPttCentreSetting, {Text(IDC_PTT_CENTRE_IP), Text(IDC_PTT_PORT)}));
     }
     Redraw();
     return result == 1 ? 1 : 0;
