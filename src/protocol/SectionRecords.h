@@ -37,50 +37,6 @@ struct LocalEthRecord {
     char mac[24];
 };
 
-// stMobileGNet: the cellular dial-up.
-struct MobileGNetRecord {
-    uint8_t netType;
-    char apn[32];
-    char phoneNo[32];
-    char userName[32];
-    char userPasswd[32];
-};
-
-// stWifi. IPs in network byte order.
-struct WifiRecord {
-    uint8_t workMode;  // 1 client, 2 access point
-    char ssid[32];
-    char passwd[64];
-    uint8_t authMode;  // 0 WEP, 1 WPA-PSK, 2 WPA2-PSK, 100 open
-    uint8_t cryptType;
-    uint8_t dhcpEnableFlag;
-    uint32_t ip;
-    uint32_t gateWay;
-    uint32_t netMask;
-    uint32_t dns;
-};
-
-// stPtt: push-to-talk.
-struct PttRecord {
-    uint8_t enable;
-    uint16_t groupNo;
-};
-
-// stCarInfo: the vehicle and terminal as a JT/T 808 platform registers them.
-struct CarInfoRecord {
-    char phoneNumber[24];
-    char provincialId[8];
-    char cityDomainId[8];
-    int32_t carColor;  // strFD_CarColors, read as a number: the index of the plate colour
-    char terminalId[32];
-    char carVin[24];
-    char terminalType[24];
-    char deviceNum[32];
-    char carType[32];
-    char facturerId[16];
-    char drivingLicense[32];
-};
-
 // stBaseInfo. The other-setup page compares these records byte for byte, so the layout has no padding.
 struct BaseInfoRecord {
     char deviceNo[16];

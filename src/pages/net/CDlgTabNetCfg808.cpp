@@ -10,6 +10,21 @@ using namespace varcfg;
 
 namespace {
 
+// stCarInfo: the vehicle and terminal as a JT/T 808 platform registers them.
+struct CarInfoRecord {
+    char phoneNumber[24];
+    char provincialId[8];
+    char cityDomainId[8];
+    int32_t carColor;  // strFD_CarColors, read as a number: the index of the plate colour
+    char terminalId[32];
+    char carVin[24];
+    char terminalType[24];
+    char deviceNum[32];
+    char carType[32];
+    char facturerId[16];
+    char drivingLicense[32];
+};
+
 constexpr Binding<NetWorkModeRecord> kLinkBindings[] = {
     VARCFG_BIND(NetWorkModeRecord, enableHr808, "ucFD_EnableHR808", Integer).InCheck(IDC_808_ENABLE),
 };

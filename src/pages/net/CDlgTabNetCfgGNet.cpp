@@ -2,13 +2,21 @@
 
 #include <iterator>
 
-#include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
 
 using namespace varcfg;
 
 namespace {
+
+// stMobileGNet: the cellular dial-up.
+struct MobileGNetRecord {
+    uint8_t netType;
+    char apn[32];
+    char phoneNo[32];
+    char userName[32];
+    char userPasswd[32];
+};
 
 constexpr Binding<MobileGNetRecord> kMobileBindings[] = {
     VARCFG_BIND(MobileGNetRecord, netType, "ucFD_NetType", Integer).InComboIndex(IDC_MOBILE_TYPE, Unlisted::Keep),

@@ -9,6 +9,12 @@ using namespace varcfg;
 
 namespace {
 
+// stPtt: push-to-talk.
+struct PttRecord {
+    uint8_t enable;
+    uint16_t groupNo;
+};
+
 constexpr Binding<PttRecord> kPttBindings[] = {
     VARCFG_BIND(PttRecord, enable, "ucFD_Enable", Integer).InCheck(IDC_PTT_ENABLE),
     VARCFG_BIND(PttRecord, groupNo, "usFD_GroupNo", Integer).InText(IDC_PTT_GROUP_NUMBER),

@@ -1,6 +1,5 @@
 #include "pages/net/CDlgTabNetCfgWifi.h"
 
-#include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -8,6 +7,20 @@
 using namespace varcfg;
 
 namespace {
+
+// stWifi. IPs in network byte order.
+struct WifiRecord {
+    uint8_t workMode;  // 1 client, 2 access point
+    char ssid[32];
+    char passwd[64];
+    uint8_t authMode;  // 0 WEP, 1 WPA-PSK, 2 WPA2-PSK, 100 open
+    uint8_t cryptType;
+    uint8_t dhcpEnableFlag;
+    uint32_t ip;
+    uint32_t gateWay;
+    uint32_t netMask;
+    uint32_t dns;
+};
 
 // The work mode and the encryption depend on other controls: the page shows them itself.
 constexpr Binding<WifiRecord> kWifiBindings[] = {
