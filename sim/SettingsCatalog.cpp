@@ -91,9 +91,9 @@ constexpr int64_t kLastSecondOfDay = 86399;
 constexpr int64_t kCalibrationLimit = 1000000;
 constexpr int64_t kMaxUnsigned32 = 4294967295;
 
-std::vector<SettingField> ServerFields(std::string ip, std::string port) {
-    return {Flag("ucFD_AddressType", "0"), Ip("uiFD_IP", std::move(ip)), Text("strFD_Domain", "", 63),
-            Number("usFD_Port", std::move(port))};
+std::vector<SettingField> ServerFields(std::string addressType, std::string ip, std::string domain, std::string port) {
+    return {Flag("ucFD_AddressType", std::move(addressType)), Ip("uiFD_IP", std::move(ip)),
+            Text("strFD_Domain", std::move(domain), 63), Number("usFD_Port", std::move(port))};
 }
 
 std::vector<SettingSection> BuildCatalog() {
@@ -110,7 +110,7 @@ std::vector<SettingSection> BuildCatalog() {
     sections.push_back(std::move(version));
 
     sections.push_back(Section("stNetWorkMode", {
-        Number("ucFD_NetType", "0"), Number("usFD_GPSInterval", "30"), Flag("ucFD_EnableHR808", "0")}));
+        Number("ucFD_NetType", "0"), Number("usFD_GPSInterval", "30"), Flag("ucFD_EnableHR808", "1")}));
     sections.push_back(Section("stLocalEth0", {
         Flag("ucFD_DhcpEnableFlag", "0"), Ip("uiFD_LocalIp", "192.168.1.100"),
         Ip("uiFD_LocalEth1Ip", "192.168.2.100"), Ip("uiFD_NetMask", "255.255.255.0"),
@@ -123,21 +123,24 @@ std::vector<SettingSection> BuildCatalog() {
     const SettingField cryptType = With(OneOf("ucFD_CryptType", "1", {0, 1, 255}), kNegativeAsComplement);
     const SettingField authMode = OneOf("ucFD_AuthMode", "2", {0, 1, 2, 100});
     sections.push_back(Section("stWifi", {
-        Number("ucFD_WorkMode", "1", 1, 2), Text("strFD_SSID", "depot", 31), Text("strFD_Passwd", "", 63),
+        Number("ucFD_WorkMode", "1", 1, 2), Text("strFD_SSID", "depot", 31), Text("strFD_Passwd", "depot-key-7", 63),
         authMode, cryptType, Flag("ucFD_DhcpEnableFlag", "1"), Ip("uiFD_IP", "192.168.10.100"),
         Ip("uiFD_NetMask", "255.255.255.0"), Ip("uiFD_GateWay", "192.168.10.1"), Ip("uiFD_DNS", "192.168.10.1")}));
     sections.push_back(Section("stWifiAp", {
         Text("strFD_SSID", "MDVR-AP", 31), Text("strFD_Passwd", "12345678", 63), authMode, cryptType}));
-    sections.push_back(Section("stCMS", ServerFields("0.0.0.0", "6608")));
-    sections.push_back(Section("st808CMS1", ServerFields("0.0.0.0", "0")));
-    sections.push_back(Section("st808CMS2", ServerFields("0.0.0.0", "0")));
-    sections.push_back(Section("stPttDcn", ServerFields("0.0.0.0", "0")));
+    // A vehicle on a fleet's platforms: the centre server, a primary 808 server by address and a backup
+    // by name, and the dispatch centre of a push-to-talk service not yet switched on.
+    sections.push_back(Section("stCMS", ServerFields("0", "203.0.113.10", "cms.fleet.example", "6608")));
+    sections.push_back(Section("st808CMS1", ServerFields("0", "203.0.113.5", "", "7611")));
+    sections.push_back(Section("st808CMS2", ServerFields("1", "0.0.0.0", "jt808.fleet.example", "7612")));
+    sections.push_back(Section("stPttDcn", ServerFields("0", "198.51.100.9", "", "5060")));
     sections.push_back(Section("stPtt", {Flag("ucFD_Enable", "0"), Number("usFD_GroupNo", "0")}));
     sections.push_back(Section("stCarInfo", {
-        Text("strFD_Phonenumber", "", 20), Text("strFD_ProvincialId", "", 5), Text("strFD_CityDomainId", "", 5),
-        Text("strFD_CarColors", "1", 3), Text("strFD_TerminalID", "", 30), Text("strFD_CarVIN", "", 17),
-        Text("strFD_TerminalType", "", 20), Text("strFD_DeviceNum", "", 30), Text("strFD_CarType", "", 30),
-        Text("strFD_FacturerID", "", 11), Text("strFD_DrivingLicense", "", 31),
+        Text("strFD_Phonenumber", "013800138000", 20), Text("strFD_ProvincialId", "44", 5),
+        Text("strFD_CityDomainId", "300", 5), Text("strFD_CarColors", "1", 3), Text("strFD_TerminalID", "T1234567", 30),
+        Text("strFD_CarVIN", "LSVAU2180N2183294", 17), Text("strFD_TerminalType", "MR8", 20),
+        Text("strFD_DeviceNum", "D0001", 30), Text("strFD_CarType", "bus", 30), Text("strFD_FacturerID", "70001", 11),
+        Text("strFD_DrivingLicense", "DL-42", 31),
         Text("strFD_LicensePlate", "", 16)}));
     sections.push_back(Section("stUserSec", {
         Flag("ucFD_PWEnableFlag", "0"), Text("strFD_NormalPasswd", "000000", 6),

@@ -26,12 +26,19 @@ int32_t FakeRecorder::OnRequest(int32_t mode, MDVR_MsgRecord* request, MDVR_MsgR
     if (self.transportFails) return 0;
 
     const std::string text = request->data;
+    // The section is the element after the envelope's first one.
+    const std::size_t envelopeEnd = text.find("><");
+    const std::size_t nameStart = envelopeEnd == std::string::npos ? text.size() : envelopeEnd + 2;
+    const std::string section = text.substr(nameStart, text.find_first_of(" />", nameStart) - nameStart);
     std::string answer;
     const std::string queryStart = "<VariCfgSec Action=\"DEVICE_QUERY\"><";
     if (text.compare(0, queryStart.size(), queryStart) == 0) {
-        const std::size_t nameEnd = text.find_first_of(" />", queryStart.size());
-        const auto found = self.queryReplies_.find(text.substr(queryStart.size(), nameEnd - queryStart.size()));
+        const auto found = self.queryReplies_.find(section);
         answer = found != self.queryReplies_.end() ? found->second : "";
+    } else if (self.unreachableSections.count(section) != 0) {
+        return 0;
+    } else if (self.refusingSections.count(section) != 0) {
+        answer = R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)";
     } else {
         answer = self.settingReply;
     }

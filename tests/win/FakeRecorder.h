@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,10 @@ public:
 
     std::string settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
     bool transportFails = false;  // the callback returns 0
+    // Sections by name ("stPtt", or "NETWORK_SET" for the centre server's message): a setting naming an
+    // unreachable one fails in transport, one naming a refusing one gets Result "0".
+    std::set<std::string> unreachableSections;
+    std::set<std::string> refusingSections;
     std::function<void()> duringRequest;  // runs inside each exchange, as other UI work could
 
     struct Request {

@@ -125,6 +125,9 @@ void RunPageCase(const std::function<std::unique_ptr<CDlgCfgBase>()>& createPage
     PageUnderTest page(createPage(), pageCase.model);
     for (const auto& [section, attributes] : pageCase.sections) page.recorder.SetSection(section, attributes);
     page.recorder.settingReply = pageCase.settingReply;
+    page.recorder.unreachableSections.insert(pageCase.unreachable.begin(), pageCase.unreachable.end());
+    page.recorder.refusingSections.insert(pageCase.refusing.begin(), pageCase.refusing.end());
+    for (int button : pageCase.boxAnswers) page.watcher.Queue(Answer::Click(button));
 
     EXPECT_EQ(page.Page().Refresh(), pageCase.loadResult);
     for (const auto& [id, expected] : pageCase.shown) {

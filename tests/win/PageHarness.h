@@ -48,6 +48,9 @@ struct PageCase {
     std::string model = "MR4-A1";         // the recorder's model, from the built-in table
     int loadResult = 1;
     std::string settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
+    std::vector<std::string> unreachable = {};  // sections whose settings fail in transport
+    std::vector<std::string> refusing = {};     // sections whose settings are refused
+    std::vector<int> boxAnswers = {};           // the buttons clicked in the message boxes, in order
 };
 
 // Makes the deployed English language file the language table, so that pages whose lists and messages

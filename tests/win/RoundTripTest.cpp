@@ -7,7 +7,9 @@
 
 #include <cstdio>
 #include <functional>
+#include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "HostCallback.h"
@@ -122,6 +124,15 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
     }
 
     // Every tab of the four hosts; only the pages that read something send a query.
+    // The network tabs' first showing; the other hosts' tabs below.
+    const std::map<std::pair<int, int>, V> firstShowing = {
+        {{IDC_MENU_NETWORK, 0}, V{"query stLocalEth0"}},
+        {{IDC_MENU_NETWORK, 1}, V{"query stWifi"}},
+        {{IDC_MENU_NETWORK, 2}, V{"query stMobileGNet"}},
+        {{IDC_MENU_NETWORK, 3}, V{"query stBaseInfo", "query stCMS"}},
+        {{IDC_MENU_NETWORK, 4}, V{"query stPtt", "query stPttDcn"}},
+        {{IDC_MENU_NETWORK, 5}, V{"query stNetWorkMode", "query stCarInfo", "query st808CMS1", "query st808CMS2"}},
+    };
     for (int button : {IDC_MENU_NETWORK, IDC_MENU_ENCODER, IDC_MENU_ALARM, IDC_MENU_SERIAL}) {
         const bool loaded = button != IDC_MENU_SERIAL;
         if (!loaded) watcher.Queue(Answer::Key(VK_RETURN));  // not loaded yet: read again
@@ -135,7 +146,8 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         const int count = static_cast<int>(SendDlgItemMessageW(tabs->Hwnd(), 2999, TCM_GETITEMCOUNT, 0, 0));
         for (int tab = count - 1; tab >= 0; --tab) {
             V expected;
-            if (button == IDC_MENU_NETWORK && tab == 0) expected = V{"query stLocalEth0"};
+            const auto network = firstShowing.find({button, tab});
+            if (network != firstShowing.end()) expected = network->second;
             if (button == IDC_MENU_ENCODER) {
                 const V encoderQueries[] = {V(4, "query stMainStream"), V{"query stSubStream"}, V{"query stVideoMirror"},
                                             V{"query stOSD"}};
@@ -301,4 +313,52 @@ TEST(RoundTripAlarm, EveryAlarmTabReadsOnlyWhatItsInputCountNeeds) {
         host.Destroy();
         SetConfigFunction(nullptr, nullptr, nullptr);
     }
+}
+
+TEST_F(RoundTrip, EveryNetworkTabReadsAndWritesOnlyWhatItsPageNames) {
+    using V = std::vector<std::string>;
+    CDlgParam* panel = CDlgParam::CreateIn(host);
+    ASSERT_NE(panel, nullptr);
+    HWND setup = panel->Setup()->Hwnd();
+    Click(panel->Menu()->Hwnd(), IDC_MENU_NETWORK);
+    auto* tabs = static_cast<CDlgTabHost*>(panel->Setup()->ShownPage());
+
+    // Per tab: what it reads, what a write without edits sends, one edit and what writing it sends. The
+    // centre server asks for confirmation before it writes, and writes nothing unchanged.
+    const struct {
+        int tab;
+        V read;
+        V unchanged;
+        int edited;
+        const wchar_t* edit;
+        V written;
+    } rows[] = {
+        {1, V{"query stWifi"}, V{"set stWifi"}, IDC_WIFI_SSID, L"yard", V{"set stWifi"}},
+        {2, V{"query stMobileGNet"}, V{"set stMobileGNet"}, IDC_MOBILE_APN, L"fleet.apn", V{"set stMobileGNet"}},
+        {3, V{"query stBaseInfo", "query stCMS"}, V{}, IDC_CMS_PORT, L"6609", V{"set NETWORK_SET"}},
+        {4, V{"query stPtt", "query stPttDcn"}, V{}, IDC_PTT_PORT, L"5061", V{"set stPttDcn"}},
+        // The backup 808 server differs from the primary: it is written on every save.
+        {5, V{"query stNetWorkMode", "query stCarInfo", "query st808CMS1", "query st808CMS2"}, V{"set st808CMS2"},
+         IDC_808_PHONE, L"013900139000", V{"set stCarInfo", "set st808CMS2"}},
+    };
+    for (const auto& row : rows) {
+        const std::string name = "network tab " + std::to_string(row.tab);
+        Run({"show " + name, row.read}, [&] {
+            TabSelect(tabs->Hwnd(), 2999, row.tab);
+            NMHDR change{GetDlgItem(tabs->Hwnd(), 2999), 2999, static_cast<UINT>(TCN_SELCHANGE)};
+            SendMessageW(tabs->Hwnd(), WM_NOTIFY, 2999, reinterpret_cast<LPARAM>(&change));
+        });
+        V read{"query stNetWorkMode"};
+        read.insert(read.end(), row.read.begin(), row.read.end());
+        Run({"read " + name, read}, [&] { Click(setup, IDC_SETUP_READ); });
+        const auto write = [&] {
+            if (row.tab == 3) watcher.Queue(Answer::Click(IDOK));
+            watcher.Queue(Answer::Key(VK_RETURN));
+            Click(setup, IDC_SETUP_WRITE);
+        };
+        Run({"write " + name + " unchanged", row.unchanged}, write);
+        SetItemText(tabs->SelectedPage()->Hwnd(), row.edited, row.edit);
+        Run({"write " + name + " with an edit", row.written}, write);
+    }
+    for (const std::wstring& problem : watcher.Problems()) ADD_FAILURE() << std::string(problem.begin(), problem.end());
 }

@@ -115,6 +115,18 @@ protected:
     void AcceptSection(const varcfg::Section<Record>& section, int row = 0) {
         AcceptBindings(section.bindings, row);
     }
+    // Sends the setting when a value taken from the section's controls differs from its baseline, and
+    // makes the taken values the baseline once the recorder accepted them. 1 when accepted or unchanged,
+    // otherwise the result of SendSetting.
+    template <class Record>
+    int WriteChangedSection(const varcfg::Section<Record>& section, const std::wstring& settingText, int row = 0) {
+        if (!SectionChanged(section, row)) return 1;
+        const int result = SendSetting(settingText);
+        if (result == 1) AcceptSection(section, row);
+        return result;
+    }
+    // One control's taken value becomes its baseline, for pages that accept part of a section.
+    void AcceptValue(int control) { baseline_[control] = Value(control); }
     template <class Record>
     static SectionInfo Info(const varcfg::Section<Record>& section) {
         return SectionInfo{section.name, section.bindings};
