@@ -222,38 +222,52 @@ TEST(OtherSetupPage, ALostBaseInformationDoesNotStopThePowerAndFailedWritesAreSe
     EXPECT_TRUE(page.TakeSettings().empty());
 }
 
-TEST(OtherSetupPage, FormatsADiskOnlyAfterTheQuestionAndTellsTheOutcome) {
+TEST(OtherSetupPage, FormatAndClockActOnlyAfterTheirQuestionAndTellTheOutcome) {
     UseEnglishTexts();
+    const std::string format = R"(<VariCfgSec Action="DEVICE_FORMAT"><stDisk DiskNo="2"></VariCfgSec>)";
+    const std::string clock = R"(<VariCfgSec Action="DEVICE_TIME"><stTime strTime="2024-02-29 23:59:58"></VariCfgSec>)";
+    const std::wstring formatQuestion = L"Erase all data and format disk 3";
+    const std::wstring clockQuestion = L"Set the recorder clock to 2024-02-29 23:59:58";
     const struct {
         const char* name;
+        int button;
         int answer;
-        bool lost;
-        const char* reply;
+        const char* reply;  // "" for no answer at all
         std::vector<std::string> sent;
-        std::wstring tip;
+        std::wstring question, title, tip;
     } cases[] = {
-        {"cancelled", IDCANCEL, false, "", {}, L""},
-        {"accepted: the tip numbers the disk from 0", IDOK, false, R"(<VariCfgSec Action="DEVICE_FORMAT" Result="1" />)",
-         {R"(<VariCfgSec Action="DEVICE_FORMAT"><stDisk DiskNo="2"></VariCfgSec>)"}, L"Disk:[2],succeeded"},
-        {"refused: the tip numbers the disk from 1", IDOK, false, R"(<VariCfgSec Action="DEVICE_FORMAT" Result="0" />)",
-         {R"(<VariCfgSec Action="DEVICE_FORMAT"><stDisk DiskNo="2"></VariCfgSec>)"}, L"Disk:[3],failed"},
-        {"lost: told as done", IDOK, true, "", {R"(<VariCfgSec Action="DEVICE_FORMAT"><stDisk DiskNo="2"></VariCfgSec>)"},
+        {"format cancelled", IDC_OTHER_FORMAT, IDCANCEL, "1", {}, formatQuestion, L"Disk", L""},
+        {"format accepted: the tip numbers the disk from 0", IDC_OTHER_FORMAT, IDOK, "1", {format}, formatQuestion,
+         L"Disk", L"Disk:[2],succeeded"},
+        {"format refused: the tip numbers the disk from 1", IDC_OTHER_FORMAT, IDOK, "0", {format}, formatQuestion,
+         L"Disk", L"Disk:[3],failed"},
+        {"format lost: told as done", IDC_OTHER_FORMAT, IDOK, "", {format}, formatQuestion, L"Disk",
          L"Disk:[2],succeeded"},
+        {"clock cancelled", IDC_OTHER_SET_CLOCK, IDCANCEL, "1", {}, clockQuestion, L"Recorder time", L""},
+        {"clock accepted", IDC_OTHER_SET_CLOCK, IDOK, "1", {clock}, clockQuestion, L"Recorder time",
+         L"Recorder time:succeeded"},
+        {"clock refused", IDC_OTHER_SET_CLOCK, IDOK, "0", {clock}, clockQuestion, L"Recorder time",
+         L"Recorder time:failed"},
+        {"clock lost: told as done", IDC_OTHER_SET_CLOCK, IDOK, "", {clock}, clockQuestion, L"Recorder time",
+         L"Recorder time:succeeded"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.name);
         PageUnderTest page(std::make_unique<CDlgOtherSetup>(), "MR4-A1");
-        page.recorder.settingReply = c.reply;
-        page.recorder.transportFails = c.lost;
+        page.recorder.settingReply = std::string(R"(<VariCfgSec Action="X" Result=")") + c.reply + R"(" />)";
+        page.recorder.transportFails = c.reply[0] == '\0';
         Enter(page.Hwnd(), IDC_OTHER_DISK, L"Disk3");
+        Enter(page.Hwnd(), IDC_OTHER_AUTO_UPDATE, L"0");
+        Enter(page.Hwnd(), IDC_OTHER_DATE, L"2024-02-29 08:00:00");
+        Enter(page.Hwnd(), IDC_OTHER_TIME, L"2001-01-01 23:59:58");
         page.watcher.Queue(Answer::Click(c.answer));
         page.watcher.Queue(Answer::Key(VK_RETURN));
-        SendDlgItemMessageW(page.Hwnd(), IDC_OTHER_FORMAT, BM_CLICK, 0, 0);
+        SendDlgItemMessageW(page.Hwnd(), c.button, BM_CLICK, 0, 0);
         EXPECT_EQ(page.TakeSettings(), c.sent);
         const auto& seen = page.watcher.Seen();
         ASSERT_EQ(seen.size(), c.tip.empty() ? 1u : 2u);
-        EXPECT_EQ(seen[0].title, L"Disk");
-        EXPECT_TRUE(Shows(seen[0], L"Erase all data and format disk 3"));
+        EXPECT_EQ(seen[0].title, c.title);
+        EXPECT_TRUE(Shows(seen[0], c.question));
         EXPECT_EQ(seen[0].VisibleButtons(), (std::vector<int>{IDOK, IDCANCEL}));
         if (!c.tip.empty()) {
             EXPECT_TRUE(Shows(seen[1], c.tip)) << varcfg::ToAnsi(c.tip);
@@ -261,46 +275,7 @@ TEST(OtherSetupPage, FormatsADiskOnlyAfterTheQuestionAndTellsTheOutcome) {
     }
 }
 
-TEST(OtherSetupPage, SetsTheClockOnlyAfterTheQuestionWithTheTimeShownWhenAnswered) {
-    UseEnglishTexts();
-    const std::string asAsked = R"(<VariCfgSec Action="DEVICE_TIME"><stTime strTime="2024-02-29 23:59:58"></VariCfgSec>)";
-    const struct {
-        const char* name;
-        int answer;
-        bool lost;
-        const char* reply;
-        std::vector<std::string> sent;
-        std::wstring tip;
-    } cases[] = {
-        {"cancelled", IDCANCEL, false, "", {}, L""},
-        {"accepted", IDOK, false, R"(<VariCfgSec Action="DEVICE_TIME" Result="1" />)", {asAsked},
-         L"Recorder time:succeeded"},
-        {"refused", IDOK, false, R"(<VariCfgSec Action="DEVICE_TIME" Result="0" />)", {asAsked},
-         L"Recorder time:failed"},
-        {"lost: told as done", IDOK, true, "", {asAsked}, L"Recorder time:succeeded"},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        PageUnderTest page(std::make_unique<CDlgOtherSetup>(), "MR4-A1");
-        page.recorder.settingReply = c.reply;
-        page.recorder.transportFails = c.lost;
-        Enter(page.Hwnd(), IDC_OTHER_AUTO_UPDATE, L"0");
-        Enter(page.Hwnd(), IDC_OTHER_DATE, L"2024-02-29 08:00:00");
-        Enter(page.Hwnd(), IDC_OTHER_TIME, L"2001-01-01 23:59:58");
-        page.watcher.Queue(Answer::Click(c.answer));
-        page.watcher.Queue(Answer::Key(VK_RETURN));
-        SendDlgItemMessageW(page.Hwnd(), IDC_OTHER_SET_CLOCK, BM_CLICK, 0, 0);
-        EXPECT_EQ(page.TakeSettings(), c.sent);
-        const auto& seen = page.watcher.Seen();
-        ASSERT_EQ(seen.size(), c.tip.empty() ? 1u : 2u);
-        EXPECT_EQ(seen[0].title, L"Recorder time");
-        EXPECT_TRUE(Shows(seen[0], L"Set the recorder clock to 2024-02-29 23:59:58"));
-        EXPECT_EQ(seen[0].VisibleButtons(), (std::vector<int>{IDOK, IDCANCEL}));
-        if (!c.tip.empty()) {
-            EXPECT_TRUE(Shows(seen[1], c.tip)) << varcfg::ToAnsi(c.tip);
-        }
-    }
-
+TEST(OtherSetupPage, TheClockRequestCarriesTheTimeShownWhenTheQuestionWasAnswered) {
     // The time picker moved while the question was open: the request carries the new time.
     PageUnderTest page(std::make_unique<CDlgOtherSetup>(), "MR4-A1");
     Enter(page.Hwnd(), IDC_OTHER_AUTO_UPDATE, L"0");

@@ -232,8 +232,8 @@ void CDlgOtherSetup::FormatDisk() {
     CLanguage& language = CLanguage::Instance();
     const int disk = ComboSelection(Hwnd(), IDC_OTHER_DISK);
     if (!Confirmed(Hwnd(), FillTemplate(L"%s %d", {language.Text(23033), disk + 1}), language.Text(12018))) return;
-    // Operators know these tips as they are: a refusal numbers the disk from 1; any other outcome, a
-    // lost reply included (a formatting recorder may drop the link), reads as done with the disk from 0.
+    // The tips as operators know them: a refusal numbers the disk from 1; any other outcome, a lost
+    // reply included, reads as done and numbers the disk from 0.
     const bool refused = SendSetting(FillTemplate(kFormatRequest, {disk})) == -1;
     ShowMsgTip(FillTemplate(L"%s:[%d],%s", {language.Text(12018), refused ? disk + 1 : disk,
                                             language.Text(refused ? 21008 : 21007)}));
@@ -244,7 +244,8 @@ void CDlgOtherSetup::SetDeviceClock() {
     if (!Confirmed(Hwnd(), FillTemplate(L"%s %s", {language.Text(24095), ClockText()}), language.Text(24096))) {
         return;
     }
-    // The time picker may have followed the local clock while the question was open.
+    // The time picker may have followed the local clock while the question was open. As for the
+    // format, a lost reply reads as done.
     const bool refused = SendSetting(FillTemplate(kClockRequest, {ClockText()})) == -1;
     ShowMsgTip(FillTemplate(L"%s:%s", {language.Text(24096), language.Text(refused ? 21008 : 21007)}));
 }
