@@ -1,6 +1,7 @@
 #include "pages/other/CDlgOtherSetup.h"
 
 #include <cstring>
+#include <initializer_list>
 
 #include "protocol/ConfigTask.h"
 #include "res/resource.h"
