@@ -75,6 +75,16 @@ void Enter(HWND page, int id, const std::wstring& value) {
     } else if (kind == L"Button" && IsCheckBox(control)) {
         SetChecked(page, id, value == L"1");
         Notify(page, id, BN_CLICKED);
+    } else if (kind == DATETIMEPICK_CLASSW) {
+        SYSTEMTIME time{};
+        const int read = std::swscanf(value.c_str(), L"%hu-%hu-%hu %hu:%hu:%hu", &time.wYear, &time.wMonth, &time.wDay,
+                                      &time.wHour, &time.wMinute, &time.wSecond);
+        EXPECT_EQ(read, 6) << "picker " << id << " takes no " << ToAnsi(value);
+        SetDateTimeValue(page, id, time);
+        NMDATETIMECHANGE change{};
+        change.nmhdr = {control, static_cast<UINT_PTR>(id), static_cast<UINT>(DTN_DATETIMECHANGE)};
+        change.st = time;
+        SendMessageW(page, WM_NOTIFY, static_cast<WPARAM>(id), reinterpret_cast<LPARAM>(&change));
     } else if (kind == L"ComboBox") {
         const int index = ComboIndexOf(control, value);
         EXPECT_TRUE(index >= 0 || value.empty()) << "list " << id << " has no entry " << ToAnsi(value);

@@ -31,8 +31,9 @@ namespace varcfg::test {
 // date-time picker "YYYY-MM-DD HH:MM:SS".
 std::wstring Shown(HWND page, int id);
 // What a user does to a control: types the text into an edit, fills an IP address control, ticks
-// ("1") or clears ("0") a check box, picks the list entry with that text; the page is notified as by
-// the user's action (BN_CLICKED, CBN_SELCHANGE, EN_CHANGE).
+// ("1") or clears ("0") a check box, picks the list entry with that text, sets a date-time picker to
+// "YYYY-MM-DD HH:MM:SS"; the page is notified as by the user's action (BN_CLICKED, CBN_SELCHANGE,
+// EN_CHANGE, DTN_DATETIMECHANGE).
 void Enter(HWND page, int id, const std::wstring& value);
 
 using ControlValues = std::vector<std::pair<int, std::wstring>>;

@@ -113,7 +113,7 @@ TEST_F(RoundTrip, EveryActionSendsOnlyWhatTheProtocolNeeds) {
         {"show serial", IDC_MENU_SERIAL, V{}, true},
         {"show parking overtime", IDC_MENU_PARKING, V{"query stSpeedAlarm"}, false},
         {"show users and security", IDC_MENU_USER_SECURITY, V{"query stCarInfo", "query stUserSec"}, false},
-        {"show other settings", IDC_MENU_OTHER, V{}, true},
+        {"show other settings", IDC_MENU_OTHER, V{"query stBaseInfo", "query stPower"}, false},
         {"show user data", IDC_MENU_USER_DATA, V{}, true},
         {"show about", IDC_MENU_ABOUT, V{}, false},
         {"show network again", IDC_MENU_NETWORK, V{}, false},

@@ -1,5 +1,6 @@
-// The system pages: raw command, parking overtime, users and security, other settings. Each over a
-// table of cases where the harness fits, and by hand where a page does more than load and save.
+// The system pages: raw command, parking overtime, users and security (other settings have a file of
+// their own). Each over a table of cases where the harness fits, and by hand where a page does more than
+// load and save.
 #include <gtest/gtest.h>
 
 #include <algorithm>
