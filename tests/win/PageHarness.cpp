@@ -124,6 +124,7 @@ void RunPageCase(const std::function<std::unique_ptr<CDlgCfgBase>()>& createPage
     SCOPED_TRACE(pageCase.name);
     PageUnderTest page(createPage(), pageCase.model);
     for (const auto& [section, attributes] : pageCase.sections) page.recorder.SetSection(section, attributes);
+    for (const auto& [section, reply] : pageCase.replies) page.recorder.SetQueryReply(section, reply);
     page.recorder.settingReply = pageCase.settingReply;
 
     EXPECT_EQ(page.Page().Refresh(), pageCase.loadResult);

@@ -48,6 +48,7 @@ struct PageCase {
     std::string model = "MR4-A1";         // the recorder's model, from the built-in table
     int loadResult = 1;
     std::string settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
+    std::vector<std::pair<std::string, std::string>> replies = {};  // whole query replies: section, reply
 };
 
 // Makes the deployed English language file the language table, so that pages whose lists and messages
