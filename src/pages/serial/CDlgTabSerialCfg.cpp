@@ -108,14 +108,7 @@ int CDlgTabSerialCfg::Refresh() {
     if (result != 1) return result;
     // Ports the recorder does not report are kept as zeros.
     SerialPortRecord decoded[kKeptPorts] = {};
-    // Without the port list the section decodes as empty.
-    if (const TiXmlElement* list = FindContainer(*reply.Section(), "stSerialChnPara", "Import_stSerial")) {
-        if (!DecodeIndexedChildren(*list, IndexSuffix::ExactlyOneCharacter, kSerial.fields,
-                                   reinterpret_cast<unsigned char*>(decoded), sizeof(SerialPortRecord), kReportedPorts)
-                 .Succeeded()) {
-            return 0;
-        }
-    }
+    if (!DecodeNumberedEntries(kSerial, *reply.Section(), "stSerialChnPara", kReportedPorts, decoded)) return 0;
     std::copy_n(decoded, std::clamp(Device().capabilities.serialPorts, 0, kKeptPorts), ports_);
     ShowPort();
     Redraw();
