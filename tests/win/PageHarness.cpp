@@ -134,6 +134,7 @@ void RunPageCase(const std::function<std::unique_ptr<CDlgCfgBase>()>& createPage
     SCOPED_TRACE(pageCase.name);
     PageUnderTest page(createPage(), pageCase.model);
     for (const auto& [section, attributes] : pageCase.sections) page.recorder.SetSection(section, attributes);
+    for (const auto& [section, reply] : pageCase.replies) page.recorder.SetQueryReply(section, reply);
     page.recorder.settingReply = pageCase.settingReply;
     page.recorder.unreachableSections.insert(pageCase.unreachable.begin(), pageCase.unreachable.end());
     page.recorder.refusingSections.insert(pageCase.refusing.begin(), pageCase.refusing.end());

@@ -52,6 +52,7 @@ struct PageCase {
     std::vector<std::string> unreachable = {};  // sections whose settings fail in transport
     std::vector<std::string> refusing = {};     // sections whose settings are refused
     std::vector<int> boxAnswers = {};           // the buttons clicked in the message boxes, in order
+    std::vector<std::pair<std::string, std::string>> replies = {};  // whole query replies: section, reply
 };
 
 // Makes the deployed English language file the language table, so that pages whose lists and messages

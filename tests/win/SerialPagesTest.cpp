@@ -1,19 +1,47 @@
-// The serial pages: the PTZ page's per-channel cache and its eight-slot write.
+// The serial pages: the ports page's per-port cache and its one-port write, the PTZ page's
+// per-channel cache and its eight-slot write.
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
 #include "PageHarness.h"
+#include "pages/serial/CDlgTabSerialCfg.h"
 #include "pages/serial/CDlgTabSerialCfgPtz.h"
 #include "res/resource.h"
 
 using varcfg::test::UseEnglishTexts;
 using varcfg::test::Enter;
+using varcfg::test::PageCase;
 using varcfg::test::PageUnderTest;
+using varcfg::test::RunPageCase;
 using varcfg::test::Shown;
 
 namespace {
+
+std::string SerialReply(const std::string& ports) {
+    return R"(<VariCfgSec Action="DEVICE_QUERY"><stSerial><stSerialChnPara>)" + ports +
+           "</stSerialChnPara></stSerial></VariCfgSec>";
+}
+
+std::string SerialPort(int number, int peripheral, int baudRate, int dataBits, const std::string& parity,
+                       int stopBits) {
+    return "<SerialChn_" + std::to_string(number) + R"( ucFD_DataMode=")" + std::to_string(peripheral) +
+           R"(" uiBaudRate=")" + std::to_string(baudRate) + R"(" ucDataBit=")" + std::to_string(dataBits) +
+           R"(" ucParity=")" + parity + R"(" ucStopBit=")" + std::to_string(stopBits) + R"(" ucCount="0" />)";
+}
+
+// The write of one port, with its two blanks before ucStopBit and its closing part as the recorder takes it.
+std::string SerialSetting(int port, int peripheral, int baudRate, int dataBits, int stopBits, char parity) {
+    const std::string number = std::to_string(port);
+    return R"(<VariCfgSec Action="DEVICE_SET"><stSerial StartChn=")" + number +
+           R"("><stSerialChnPara><SerialChn_)" + number + R"( ucFD_DataMode=")" + std::to_string(peripheral) +
+           R"(" uiBaudRate=")" + std::to_string(baudRate) + R"(" ucDataBit=")" + std::to_string(dataBits) +
+           R"("  ucStopBit=")" + std::to_string(stopBits) + R"(" ucParity=")" + std::string(1, parity) +
+           R"("></SerialChn_)" + number + "><stSerialChnPara></stAlarmLinkage></VariCfgSec>";
+}
+
+constexpr char kAccepted[] = R"(<VariCfgSec Action="DEVICE_SET" Result="1" />)";
 
 std::string PtzReply(const std::string& channels) {
     return R"(<VariCfgSec Action="DEVICE_QUERY"><stChnPtz><stChnPtzPara>)" + channels +
@@ -95,4 +123,120 @@ TEST(PtzPage, ChannelEightEndsTheListAndAMalformedNameFailsTheRead) {
     EXPECT_EQ(page.TakeSettings(),
               std::vector<std::string>{PtzSetting(1, {{2, 0}, {0, 0}, {0, 0}, {0, 0}, {0, 0}, {0, 0}, {0, 0}, {0, 0}})})
         << "failed reads left the kept values";
+}
+
+// Load, save and a second save of the ports page; parity is read as a character code (111 odd, 101
+// even) and written as a letter.
+TEST(SerialPortsPage, ShowsAndWritesTheShownPort) {
+    UseEnglishTexts();
+    const std::string twoPorts =
+        SerialReply(SerialPort(0, 21, 115200, 7, "111", 2) + SerialPort(1, 43, 4800, 5, "101", 1));
+    const std::string written = SerialSetting(0, 21, 115200, 7, 2, 'o');
+    const std::string portTwoEndsTheList = SerialReply(
+        SerialPort(0, 28, 19200, 6, "111", 2) + SerialPort(2, 5, 9600, 8, "101", 1) + SerialPort(1, 5, 9600, 8, "101", 1));
+    // The recorder's whole stSerial reply, then the case.
+    const std::pair<std::string, PageCase> cases[] = {
+        {twoPorts,
+         {"the first port is shown and only it is written",
+          {},
+          {{IDC_SERIAL_PORT_LABEL, L"Port"}, {IDC_SERIAL_PARITY_LABEL, L"Parity"}, {IDC_SERIAL_PORT, L"Serial port 1"},
+           {IDC_SERIAL_DEVICE, L"Collision warning"}, {IDC_SERIAL_BAUD, L"115200"}, {IDC_SERIAL_DATA_BITS, L"7"},
+           {IDC_SERIAL_STOP_BITS, L"2"}, {IDC_SERIAL_PARITY, L"Odd"}},
+          {},
+          {written}, 1, {written}, "MR4-C1", 1, kAccepted}},
+        {twoPorts,
+         {"the second port shows its own values and writes its own number",
+          {},
+          {},
+          {{IDC_SERIAL_PORT, L"Serial port 2"}},
+          {SerialSetting(1, 43, 4800, 5, 1, 'e')}, 1, {SerialSetting(1, 43, 4800, 5, 1, 'e')}, "MR4-C1", 1, kAccepted}},
+        {twoPorts,
+         {"edits are written with the parity letter",
+          {},
+          {},
+          {{IDC_SERIAL_DEVICE, L"KWatch"}, {IDC_SERIAL_BAUD, L"38400"}, {IDC_SERIAL_PARITY, L"None"}},
+          {SerialSetting(0, 56, 38400, 7, 2, 'n')}, 1,
+          {SerialSetting(0, 56, 38400, 7, 2, 'n')}, "MR4-C1", 1, kAccepted}},
+        {SerialReply(SerialPort(0, 57, 1200, 9, "e", 3)),
+         {"a parity letter shows none; values no entry offers leave the defaults",
+          {},
+          {{IDC_SERIAL_DEVICE, L"PTZ"}, {IDC_SERIAL_BAUD, L"2400"}, {IDC_SERIAL_DATA_BITS, L"8"},
+           {IDC_SERIAL_STOP_BITS, L"1"}, {IDC_SERIAL_PARITY, L"None"}},
+          {},
+          {SerialSetting(0, 1, 2400, 8, 1, 'n')}, 1, {SerialSetting(0, 1, 2400, 8, 1, 'n')}, "MR4-C1", 1, kAccepted}},
+        {portTwoEndsTheList,
+         {"ports from 2 up hold zeros: their lists keep what the shown port selected",
+          {},
+          {{IDC_SERIAL_DEVICE, L"ADVS"}},
+          {{IDC_SERIAL_PORT, L"Serial port 3"}},
+          {SerialSetting(2, 0, 19200, 6, 2, 'n')}, 1, {SerialSetting(2, 0, 19200, 6, 2, 'n')}, "MR4-F1", 1, kAccepted}},
+        {portTwoEndsTheList,
+         {"a port after port 2 is not read",
+          {},
+          {},
+          {{IDC_SERIAL_PORT, L"Serial port 2"}},
+          {SerialSetting(1, 0, 19200, 6, 2, 'n')}, 1, {SerialSetting(1, 0, 19200, 6, 2, 'n')}, "MR4-F1", 1, kAccepted}},
+        {SerialReply(SerialPort(0, 28, 19200, 6, "111", 2) + SerialPort(10, 5, 9600, 8, "101", 1)),
+         {"a port numbered 10 fails the read and the defaults stay",
+          {},
+          {{IDC_SERIAL_DEVICE, L"PTZ"}, {IDC_SERIAL_BAUD, L"2400"}},
+          {},
+          {SerialSetting(0, 1, 2400, 8, 1, 'n')}, 1, {SerialSetting(0, 1, 2400, 8, 1, 'n')}, "MR4-C1", 0, kAccepted}},
+        {R"(<VariCfgSec Action="DEVICE_QUERY"><stSerial /></VariCfgSec>)",
+         {"a section without its port list reads as zeros",
+          {},
+          {{IDC_SERIAL_DEVICE, L"Transparent"}, {IDC_SERIAL_BAUD, L"2400"}, {IDC_SERIAL_PARITY, L"None"}},
+          {},
+          {SerialSetting(0, 0, 2400, 8, 1, 'n')}, 1, {SerialSetting(0, 0, 2400, 8, 1, 'n')}, "MR4-A1", 1, kAccepted}},
+        {twoPorts,
+         {"a model without serial ports writes port -1",
+          {},
+          {{IDC_SERIAL_PORT, L""}},
+          {},
+          {SerialSetting(-1, 1, 2400, 8, 1, 'n')}, 1, {SerialSetting(-1, 1, 2400, 8, 1, 'n')}, "MR1-H1", 1, kAccepted}},
+        {twoPorts,
+         {"a refused write reports failure and is sent again",
+          {},
+          {},
+          {},
+          {written}, 0, {written}, "MR4-C1", 1, R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)"}},
+    };
+    for (const auto& [reply, pageCase] : cases) {
+        PageCase withReply = pageCase;
+        withReply.replies = {{"stSerial", reply}};
+        RunPageCase<CDlgTabSerialCfg>(withReply);
+    }
+}
+
+// The kept values: a written port keeps what was written, a refused write and failed reads keep the old.
+TEST(SerialPortsPage, KeepsWrittenValuesAndIgnoresFailedExchanges) {
+    UseEnglishTexts();
+    PageUnderTest page(std::make_unique<CDlgTabSerialCfg>(), "MR4-C1");
+    page.recorder.SetQueryReply(
+        "stSerial", SerialReply(SerialPort(0, 2, 9600, 8, "110", 1) + SerialPort(1, 3, 57600, 7, "111", 2)));
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    Enter(page.Hwnd(), IDC_SERIAL_BAUD, L"115200");
+    Enter(page.Hwnd(), IDC_SERIAL_PARITY, L"Even");
+    EXPECT_EQ(page.Page().Save(), 1);
+    Enter(page.Hwnd(), IDC_SERIAL_PORT, L"Serial port 2");
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SERIAL_BAUD), L"57600");
+    Enter(page.Hwnd(), IDC_SERIAL_DATA_BITS, L"5");
+    page.recorder.settingReply = R"(<VariCfgSec Action="DEVICE_SET" Result="0" />)";
+    EXPECT_EQ(page.Page().Save(), 0);
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SERIAL_DATA_BITS), L"5") << "a failed write keeps the edit on screen";
+
+    page.recorder.transportFails = true;
+    EXPECT_EQ(page.Page().Refresh(), 0);
+    page.recorder.transportFails = false;
+    page.recorder.SetQueryReply("stSerial", "not xml");
+    EXPECT_EQ(page.Page().Refresh(), -1);
+    page.recorder.SetQueryReply("stSerial", SerialReply("<SerialChn0 ucDataBit=\"6\" />"));
+    EXPECT_EQ(page.Page().Refresh(), 0);
+
+    Enter(page.Hwnd(), IDC_SERIAL_PORT, L"Serial port 1");
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SERIAL_BAUD), L"115200");
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SERIAL_PARITY), L"Even") << "the written letter is kept as its code";
+    Enter(page.Hwnd(), IDC_SERIAL_PORT, L"Serial port 2");
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SERIAL_DATA_BITS), L"7") << "the refused write was not kept";
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SERIAL_PARITY), L"Odd");
 }

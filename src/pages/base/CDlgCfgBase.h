@@ -14,6 +14,7 @@
 //   }
 #pragma once
 
+#include <cstddef>
 #include <map>
 #include <string>
 #include <vector>
@@ -92,6 +93,20 @@ protected:
     template <class Record>
     static bool DecodeSection(const varcfg::Section<Record>& section, const TiXmlElement& element, Record& record) {
         return varcfg::DecodeAttributes(element, section.fields, reinterpret_cast<unsigned char*>(&record)).Succeeded();
+    }
+    // Decodes the numbered children ("SerialChn_1": one character after the underscore) of the section's
+    // container element into entries by the section's bindings; numbers from indexLimit up end the list.
+    // A section without the container decodes as empty. False when a child's name broke the rule.
+    template <class Record, std::size_t N>
+    static bool DecodeNumberedEntries(const varcfg::Section<Record>& section, const TiXmlElement& element,
+                                      const char* containerName, std::size_t indexLimit, Record (&entries)[N]) {
+        const std::string operation = std::string("Import_") + section.name;
+        const TiXmlElement* container = varcfg::FindContainer(element, containerName, operation.c_str());
+        return container == nullptr ||
+               varcfg::DecodeIndexedChildren(*container, varcfg::IndexSuffix::ExactlyOneCharacter, section.fields,
+                                             reinterpret_cast<unsigned char*>(entries), sizeof(Record),
+                                             indexLimit < N ? indexLimit : N)
+                   .Succeeded();
     }
     // Shows the record's members in their controls; the shown values become the baseline. Row n shows
     // a row of controls whose ids follow the declared ones by n.

@@ -71,14 +71,7 @@ int CDlgTabSerialCfgPtz::Refresh() {
     const int result = Query(QueryText(kChnPtz.name), reply);
     if (result != 1) return result;
     PtzRecord channels[kSlots] = {};
-    // Without the channel list the section decodes as empty.
-    if (const TiXmlElement* list = FindContainer(*reply.Section(), "stChnPtzPara", "Import_stChnPtz")) {
-        if (!DecodeIndexedChildren(*list, IndexSuffix::ExactlyOneCharacter, kChnPtz.fields,
-                                   reinterpret_cast<unsigned char*>(channels), sizeof(PtzRecord), kSlots)
-                 .Succeeded()) {
-            return 0;
-        }
-    }
+    if (!DecodeNumberedEntries(kChnPtz, *reply.Section(), "stChnPtzPara", kSlots, channels)) return 0;
     for (int i = 0; i < ShownChannelCount(); ++i) {
         address_[i] = channels[i].address;
         protocol_[i] = channels[i].protocol;
