@@ -48,6 +48,19 @@ const std::vector<Category>& Categories() {
     return categories;
 }
 
+// Dialogs that a page opens from one of its buttons, shot after that page: the button is pressed and
+// the dialog saved under the shot's name, then closed with Enter.
+struct DialogShot {
+    const char* afterShot;
+    const char* name;
+    int button;  // on the shown tab's page
+};
+const DialogShot kDialogShots[] = {
+    {"04-alarm-3-linkage", "04-alarm-3-linkage-record-picker", IDC_LINKAGE_RECORD_FIRST},
+    {"04-alarm-3-linkage", "04-alarm-3-linkage-snapshot-picker", IDC_LINKAGE_SNAPSHOT_FIRST},
+    {"04-alarm-5-motion", "04-alarm-5-motion-area-grid", IDC_VMD_AREA},
+};
+
 ScreenshotTour* runningTour = nullptr;
 
 BOOL CALLBACK FindVisibleDialog(HWND window, LPARAM found) {
@@ -123,8 +136,13 @@ ScreenshotTour::ScreenshotTour(std::wstring folder) : folder_(std::move(folder))
         const std::string prefix = number + std::string(category.name);
         if (category.tabs.empty()) shots_.push_back({prefix, category.menuButton, -1, true});
         for (std::size_t t = 0; t < category.tabs.size(); ++t) {
-            shots_.push_back({prefix + "-" + std::to_string(t) + "-" + category.tabs[t], category.menuButton,
-                              static_cast<int>(t), t == 0});
+            const std::string name = prefix + "-" + std::to_string(t) + "-" + category.tabs[t];
+            shots_.push_back({name, category.menuButton, static_cast<int>(t), t == 0});
+            for (const DialogShot& dialog : kDialogShots) {
+                if (name == dialog.afterShot) {
+                    shots_.push_back({dialog.name, category.menuButton, static_cast<int>(t), false, dialog.button});
+                }
+            }
         }
     }
 }
@@ -189,6 +207,13 @@ void ScreenshotTour::TakeAction() {
     boxesOfShot_ = 0;
     acting_ = true;
     const PanelParts parts(host_);
+    if (shot.pageButton != 0) {
+        // Returns when the dialog it opens has been saved and closed.
+        SendDlgItemMessageW(parts.ShownTabPage(), shot.pageButton, BM_CLICK, 0, 0);
+        acting_ = false;
+        if (++next_ == shots_.size()) Finish({});
+        return;
+    }
     if (shot.firstOfCategory) parts.PressMenuButton(shot.menuButton);
     if (shot.tab >= 0 && parts.SelectedTab() != shot.tab) parts.SelectTab(shot.tab);
     acting_ = false;
@@ -203,7 +228,8 @@ void ScreenshotTour::HandleBox(HWND box) {
     }
     answeredBox_ = box;
     ++boxesOfShot_;
-    const std::string suffix = boxesOfShot_ > 1 ? "-tip-" + std::to_string(boxesOfShot_) : "-tip";
+    const bool opened = shots_[next_].pageButton != 0 && boxesOfShot_ == 1;
+    const std::string suffix = opened ? "" : boxesOfShot_ > 1 ? "-tip-" + std::to_string(boxesOfShot_) : "-tip";
     if (!Save(box, false, boxName_ + suffix)) return;
     HWND focus = GetFocus();
     HWND target = focus != nullptr && (focus == box || IsChild(box, focus)) ? focus : box;

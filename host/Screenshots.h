@@ -36,6 +36,7 @@ private:
         int menuButton;
         int tab;  // -1 for a category without tabs
         bool firstOfCategory;
+        int pageButton = 0;  // a button of the shown page that opens the dialog to shoot
     };
 
     static void CALLBACK OnTimer(HWND, UINT, UINT_PTR, DWORD);
