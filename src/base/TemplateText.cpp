@@ -9,7 +9,7 @@ namespace {
 
 // One conversion's flags, width and precision as printf reads them, and its letter.
 struct Conversion {
-    std::string spec;  // "%" up to the letter, without length modifiers
+    std::string directive;  // "%" up to the letter, without length modifiers
     wchar_t letter = 0;
     int width = 0;
     int precision = -1;
@@ -19,22 +19,22 @@ struct Conversion {
 // Reads the conversion that starts after a '%' at position; position ends after its letter. False
 // when the template ends first.
 bool ReadConversion(std::wstring_view format, std::size_t& position, Conversion& conversion) {
-    conversion.spec = "%";
+    conversion.directive = "%";
     auto digits = [&](int& number) {
         number = 0;
         while (position < format.size() && format[position] >= L'0' && format[position] <= L'9') {
-            conversion.spec += static_cast<char>(format[position]);
+            conversion.directive += static_cast<char>(format[position]);
             if (number < 10000) number = number * 10 + (format[position] - L'0');
             ++position;
         }
     };
     while (position < format.size() && std::wcschr(L"-+ #0", format[position]) != nullptr && format[position] != 0) {
         if (format[position] == L'-') conversion.leftAligned = true;
-        conversion.spec += static_cast<char>(format[position++]);
+        conversion.directive += static_cast<char>(format[position++]);
     }
     digits(conversion.width);
     if (position < format.size() && format[position] == L'.') {
-        conversion.spec += '.';
+        conversion.directive += '.';
         ++position;
         digits(conversion.precision);
     }
@@ -47,8 +47,8 @@ bool ReadConversion(std::wstring_view format, std::size_t& position, Conversion&
     return true;
 }
 
-void AppendPrinted(std::wstring& out, const std::string& spec, char letter, long long integer, double real) {
-    const std::string full = spec + letter;
+void AppendPrinted(std::wstring& out, const std::string& directive, char letter, long long integer, double real) {
+    const std::string full = directive + letter;
     char buffer[512];
     int written = 0;
     if (letter == 'd' || letter == 'i') {
@@ -83,7 +83,7 @@ void AppendArgument(std::wstring& out, const Conversion& conversion, const Templ
             if (arg.IsText()) {
                 AppendText(out, conversion, arg.Text());
             } else {
-                AppendPrinted(out, conversion.spec, arg.IsReal() ? 'g' : 'd', arg.Integer(), arg.Real());
+                AppendPrinted(out, conversion.directive, arg.IsReal() ? 'g' : 'd', arg.Integer(), arg.Real());
             }
             break;
         case L'c': {
@@ -96,14 +96,14 @@ void AppendArgument(std::wstring& out, const Conversion& conversion, const Templ
             if (arg.IsText()) {
                 AppendText(out, conversion, arg.Text());
             } else {
-                AppendPrinted(out, conversion.spec, static_cast<char>(conversion.letter), arg.Integer(), arg.Real());
+                AppendPrinted(out, conversion.directive, static_cast<char>(conversion.letter), arg.Integer(), arg.Real());
             }
             break;
         case L'f': case L'F': case L'e': case L'E': case L'g': case L'G':
             if (arg.IsText()) {
                 AppendText(out, conversion, arg.Text());
             } else {
-                AppendPrinted(out, conversion.spec, static_cast<char>(conversion.letter), arg.Integer(), arg.Real());
+                AppendPrinted(out, conversion.directive, static_cast<char>(conversion.letter), arg.Integer(), arg.Real());
             }
             break;
         default:

@@ -50,17 +50,11 @@ BOOL CDlgTabAlarmCfgBase::OnInitDialog() {
 std::vector<SectionInfo> CDlgTabAlarmCfgBase::DeclaredSections() const { return {Info(kRecording)}; }
 
 int CDlgTabAlarmCfgBase::Refresh() {
-    QueryReply reply;
-    int result = Query(QueryText(kRecording.name), reply);
-    if (result == 1) {
-        RecordingRecord record{};
-        result = DecodeSection(kRecording, *reply.Section(), record) ? 1 : 0;
-        if (result == 1) {
-            // Any type other than 0 is the second type.
-            record.alarmRecordType = record.alarmRecordType != 0 ? 1 : 0;
-            ShowSection(kRecording, record);
-        }
-    }
+    RecordingRecord record{};
+    // Any type other than 0 is the second type.
+    const int result = LoadSection(kRecording, record, [](RecordingRecord& decoded) {
+        decoded.alarmRecordType = decoded.alarmRecordType != 0 ? 1 : 0;
+    });
     Redraw();
     return result;
 }

@@ -71,17 +71,12 @@ void CDlgTabAlarmCfgGSensor::OnCommand(int id, int code) {
 std::vector<SectionInfo> CDlgTabAlarmCfgGSensor::DeclaredSections() const { return {Info(kGSensor)}; }
 
 int CDlgTabAlarmCfgGSensor::Refresh() {
-    QueryReply reply;
-    int result = Query(QueryText(kGSensor.name), reply);
+    GSensorRecord record{};
+    const int result = LoadSection(kGSensor, record);
     if (result == 1) {
-        GSensorRecord record{};
-        result = DecodeSection(kGSensor, *reply.Section(), record) ? 1 : 0;
-        if (result == 1) {
-            ShowSection(kGSensor, record);
-            const float calibration[] = {record.x, record.xLimit, record.y, record.yLimit, record.z, record.zLimit};
-            std::copy(std::begin(calibration), std::end(calibration), calibration_);
-            UpdateData(false);
-        }
+        const float calibration[] = {record.x, record.xLimit, record.y, record.yLimit, record.z, record.zLimit};
+        std::copy(std::begin(calibration), std::end(calibration), calibration_);
+        UpdateData(false);
     }
     Redraw();
     return result;

@@ -73,16 +73,22 @@ protected:
     // Queries the section by its name, decodes the reply into a zeroed record and shows it: 1, or 0
     // when the transport failed or the section did not decode, or -1 when the reply was refused.
     // Controls, values and baseline change only on 1.
-    template <class Record>
-    int LoadSection(const varcfg::Section<Record>& section, Record& record) {
+    // The adjustment, when given, changes the decoded record before it is shown.
+    template <class Record, class Adjust>
+    int LoadSection(const varcfg::Section<Record>& section, Record& record, Adjust adjust) {
         varcfg::QueryReply reply;
         const int result = Query(varcfg::QueryText(section.name), reply);
         if (result != 1) return result;
         Record decoded{};
         if (!DecodeSection(section, *reply.Section(), decoded)) return 0;
+        adjust(decoded);
         record = decoded;
         ShowSection(section, record);
         return 1;
+    }
+    template <class Record>
+    int LoadSection(const varcfg::Section<Record>& section, Record& record) {
+        return LoadSection(section, record, [](Record&) {});
     }
     template <class Record>
     int LoadSection(const varcfg::Section<Record>& section) {
