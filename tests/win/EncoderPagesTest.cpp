@@ -238,6 +238,16 @@ TEST(SubStreamPage, ListsFollowTheModelAndPresetsSelectTheirRates) {
     }
 }
 
+TEST(SubStreamPage, TheSubStreamIsAskedForInTheLargeRecords) {
+    PageUnderTest page(std::make_unique<CDlgTabEncoderCfgSub>(), "MR4-A1");
+    page.recorder.SetSection("stSubStream", R"(ucFD_EncodeMode="3" ucFD_FrameRate="5" uiFD_BitRate="90")");
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    EXPECT_EQ(page.Page().Save(), 1);
+    ASSERT_EQ(page.recorder.requests.size(), 2u);
+    EXPECT_EQ(page.recorder.requests[0].recordDistance, 9712);
+    EXPECT_EQ(page.recorder.requests[1].recordDistance, 2064) << "settings travel in the standard records";
+}
+
 namespace {
 
 std::string MainReply(uint32_t videoFmt) {

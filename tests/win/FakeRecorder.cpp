@@ -20,7 +20,8 @@ std::vector<std::string> FakeRecorder::Texts() const {
 
 int32_t FakeRecorder::OnRequest(int32_t mode, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* context) {
     auto& self = *static_cast<FakeRecorder*>(context);
-    self.requests.push_back({mode, request->length, std::string(request->data)});
+    self.requests.push_back({mode, request->length, std::string(request->data),
+                             reinterpret_cast<const char*>(reply) - reinterpret_cast<const char*>(request)});
     self.lastRequestBytes.assign(request->data, request->data + 100);
     if (self.duringRequest) self.duringRequest();
     if (self.transportFails) return 0;

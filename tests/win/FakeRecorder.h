@@ -32,6 +32,7 @@ public:
         int mode;
         int length;
         std::string text;
+        long long recordDistance;  // bytes from the request record to the reply record
     };
     std::vector<Request> requests;
     std::vector<std::string> Texts() const;

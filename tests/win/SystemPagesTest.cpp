@@ -128,10 +128,10 @@ TEST(ParkingOvertimePage, ShowsFatigueMinimumsAndSendsTextsAsTypedOnEverySave) {
              R"(ucFD_OverSpeedIsEnable="0" ucFD_OverSpeedUnit="0" usFD_OverSpeed="0" usFD_ClearOverSpeed="0" usFD_OverDurTime="0")",
              R"(ucFD_PeakingIsEnable="0" ucFD_TimeUnit="0" uiFD_OverTime="0" usFD_OverTime="0")",
              R"(ucFD_FatigueEnable="0" usFD_DrivingTime="45" usFD_RestTime="20")")}},
-        {"speeds are not checked for digits, the overtime goes into both attributes, texts are cut at their limits",
+        {"speeds are not checked for digits, the overtime goes into both attributes",
          {{"stSpeedAlarm", kSpeedAlarm}},
          {},
-         {{IDC_PARK_LOW_SPEED, L"abc"}, {IDC_PARK_OVER_CLEAR, L"1234"}, {IDC_PARK_OVERTIME, L"1234567890"},
+         {{IDC_PARK_LOW_SPEED, L"abc"}, {IDC_PARK_OVER_CLEAR, L"123"}, {IDC_PARK_OVERTIME, L"123456789"},
           {IDC_PARK_OVER_UNIT, L"mph"}, {IDC_PARK_FATIGUE_ENABLE, L"0"}},
          {SpeedSetting(
              R"(ucFD_LowSpeedIsEnable="1" ucFD_LowSpeedUnit="2" usFD_LowSpeed="abc" usFD_ClearLowSpeed="15" usFD_LowDurTime="5")",
@@ -180,6 +180,41 @@ TEST(ParkingOvertimePage, ARefusedFatigueTimeIsReportedAndStillSent) {
     EXPECT_EQ(Shown(page.Hwnd(), IDC_PARK_DRIVING_TIME), L"10");
 }
 
+TEST(ParkingOvertimePage, ATextPastItsLimitIsReportedAndSentWithTheFieldsAsTheyThenAre) {
+    // An edit takes any length until the page first showed the recorder's values in it.
+    PageUnderTest page(std::make_unique<CDlgStopOverTime>(), "MR4-A1");
+    Enter(page.Hwnd(), IDC_PARK_OVER_CLEAR, L"1234");
+    page.recorder.SetSection("stSpeedAlarm", kSpeedAlarm);
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    page.TakeSettings();
+    Enter(page.Hwnd(), IDC_PARK_OVER_CLEAR, L"1234");
+    Enter(page.Hwnd(), IDC_PARK_OVERTIME, L"999");
+    Enter(page.Hwnd(), IDC_PARK_DRIVING_TIME, L"45");
+    page.watcher.Queue(Answer::Key(VK_RETURN));
+    EXPECT_EQ(page.Page().Save(), 1);
+    ASSERT_EQ(page.watcher.Seen().size(), 1u);
+    EXPECT_EQ(page.watcher.Seen()[0].StaticTexts(),
+              std::vector<std::wstring>{L"Please enter no more than 3 characters."});
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_PARK_OVER_CLEAR);
+    // The refused text goes out as typed; the transfer stopped there, so the overtime and the fatigue
+    // times go out as they were.
+    std::string over = kOverAsLoaded;
+    over.replace(over.find("\"90\""), 4, "\"1234\"");
+    EXPECT_EQ(page.TakeSettings(),
+              std::vector<std::string>{SpeedSetting(kLowAsLoaded, over, kOvertimeAsLoaded,
+                                                    R"(ucFD_FatigueEnable="1" usFD_DrivingTime="120" usFD_RestTime="30")")});
+}
+
+TEST(ParkingOvertimePage, TheSpeedAlarmsAreAskedForInTheLargeRecords) {
+    PageUnderTest page(std::make_unique<CDlgStopOverTime>(), "MR4-A1");
+    page.recorder.SetSection("stSpeedAlarm", kSpeedAlarm);
+    ASSERT_EQ(page.Page().Refresh(), 1);
+    EXPECT_EQ(page.Page().Save(), 1);
+    ASSERT_EQ(page.recorder.requests.size(), 2u);
+    EXPECT_EQ(page.recorder.requests[0].recordDistance, 9712);
+    EXPECT_EQ(page.recorder.requests[1].recordDistance, 2064) << "settings travel in the standard records";
+}
+
 TEST(UserSecurityPage, ShowsEachPasswordTwiceAndWritesOnlyChangedSectionsInOrder) {
     UseEnglishTexts();
     const PageCase cases[] = {
@@ -220,6 +255,26 @@ TEST(UserSecurityPage, ShowsEachPasswordTwiceAndWritesOnlyChangedSectionsInOrder
          {PasswordSetting(1, "", "")}},
     };
     for (const PageCase& c : cases) RunPageCase<CDlgUserSafeSetup>(c);
+}
+
+TEST(UserSecurityPage, APlateLongerThanSixteenCharactersIsRefusedAndNothingIsSent) {
+    // The read failed, so the plate's edit has no limit yet: the operator can type seventeen characters.
+    PageUnderTest page(std::make_unique<CDlgUserSafeSetup>(), "MR4-A1");
+    page.recorder.transportFails = true;
+    EXPECT_EQ(page.Page().Refresh(), 0);
+    page.recorder.transportFails = false;
+    page.recorder.SetSection("stCarInfo", kCarInfo);
+    page.recorder.SetSection("stUserSec", kUserSecurity);
+    Enter(page.Hwnd(), IDC_SECURITY_PLATE, L"ABCDEFGHIJKLMNOPQ");
+    page.TakeSettings();
+    page.watcher.Queue(Answer::Key(VK_RETURN));
+    EXPECT_EQ(page.Page().Save(), 0);
+    ASSERT_EQ(page.watcher.Seen().size(), 1u);
+    EXPECT_EQ(page.watcher.Seen()[0].StaticTexts(),
+              std::vector<std::wstring>{L"Please enter no more than 16 characters."});
+    EXPECT_EQ(GetDlgCtrlID(GetFocus()), IDC_SECURITY_PLATE);
+    EXPECT_TRUE(page.TakeSettings().empty());
+    EXPECT_EQ(Shown(page.Hwnd(), IDC_SECURITY_PLATE), L"ABCDEFGHIJKLMNOPQ") << "the operator's text stays";
 }
 
 TEST(UserSecurityPage, ValidatesThePasswordsInOrderAndSendsNothingOnAFault) {

@@ -51,6 +51,7 @@ int CDlgAboutSetup::Refresh() {
 }
 
 int CDlgAboutSetup::Save() {
+    // Nothing is sent from this page, so the save succeeds whatever the transfer found.
     TakeSection(kVersion);
     Redraw();
     return 1;

@@ -60,6 +60,8 @@ int CDlgTabAlarmCfgBase::Refresh() {
 }
 
 int CDlgTabAlarmCfgBase::Save() {
+    // A refused time stops the transfer there, but not the save: the setting goes out with the values as
+    // they then stand (this page's established behaviour).
     TakeSection(kRecording);
     const int result = SendSetting(FillTemplate(
         kRecordingSetting, {Number(IDC_ALARM_BASE_PRE_RECORD), Number(IDC_ALARM_BASE_RECORD_TIME),

@@ -87,6 +87,8 @@ void CDlgTabAlarmCfgGSensor::DoDataExchange(DataExchange& dx) {
 }
 
 int CDlgTabAlarmCfgGSensor::Save() {
+    // A refused threshold stops the transfer there, but not the save: the setting goes out with the
+    // values transferred so far and the others as last shown (this page's established behaviour).
     if (TakeSection(kGSensor)) UpdateData(true);
     // A threshold as last shown or taken; sent as the recorder's 32-bit value.
     const auto threshold = [this](int control) {

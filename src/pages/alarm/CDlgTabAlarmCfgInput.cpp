@@ -106,7 +106,7 @@ int CDlgTabAlarmCfgInput::Save() {
     const int first = static_cast<int>(page_) * kRowsPerPage;
     std::wstring setting = FillTemplate(kInputSettingStart, {first});
     for (int r = 0; r < RowsShown(); ++r) {
-        TakeSection(kInputRow, r);
+        if (!TakeSection(kInputRow, r)) return -1;
         setting += FillTemplate(kInputSettingItem, {first + r, Number(IDC_INPUT_ENABLE_FIRST + r),
                                                     Number(IDC_INPUT_LEVEL_FIRST + r), Number(IDC_INPUT_FUNCTION_FIRST + r)});
     }

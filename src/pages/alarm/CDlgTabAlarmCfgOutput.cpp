@@ -79,7 +79,7 @@ int CDlgTabAlarmCfgOutput::Refresh() {
 int CDlgTabAlarmCfgOutput::Save() {
     std::wstring setting = FillTemplate(kOutputSettingStart, {0});
     for (int r = 0; r < RowsShown(); ++r) {
-        TakeSection(kOutputRow, r);
+        if (!TakeSection(kOutputRow, r)) return -1;
         setting += FillTemplate(kOutputSettingItem,
                                 {r, Number(IDC_OUTPUT_LEVEL_FIRST + r), Number(IDC_OUTPUT_FUNCTION_FIRST + r), r});
     }

@@ -133,6 +133,8 @@ int CDlgTabAlarmCfgVmd::Refresh() {
 }
 
 int CDlgTabAlarmCfgVmd::Save() {
+    // A refused hour or minute stops the transfer there, but not the save: the setting goes out with the
+    // values transferred (this page's established behaviour); only an end before its start stops it.
     UpdateData(true);
     int weekdays[kPeriods] = {};
     long long starts[kPeriods] = {};

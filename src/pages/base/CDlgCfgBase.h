@@ -38,6 +38,7 @@ struct ShownValue {
 struct SectionInfo {
     const char* name;
     varcfg::BindingList bindings;
+    varcfg::RecordSize recordSize;
 };
 
 class CDlgCfgBase : public varcfg::Dialog {
@@ -77,7 +78,7 @@ protected:
     template <class Record, class Adjust>
     int LoadSection(const varcfg::Section<Record>& section, Record& record, Adjust adjust) {
         varcfg::QueryReply reply;
-        const int result = Query(varcfg::QueryText(section.name), reply);
+        const int result = Query(varcfg::QueryText(section.name), reply, section.recordSize);
         if (result != 1) return result;
         Record decoded{};
         if (!DecodeSection(section, *reply.Section(), decoded)) return 0;
@@ -150,7 +151,7 @@ protected:
     void AcceptValue(int control) { baseline_[control] = Value(control); }
     template <class Record>
     static SectionInfo Info(const varcfg::Section<Record>& section) {
-        return SectionInfo{section.name, section.bindings};
+        return SectionInfo{section.name, section.bindings, section.recordSize};
     }
 
     // The value of a bound control as last shown or taken, and its baseline.

@@ -57,6 +57,12 @@ CDlgCfgBase* CDlgTabHost::SelectedPage() const {
                                                                  : nullptr;
 }
 
+std::vector<CDlgCfgBase*> CDlgTabHost::Pages() const {
+    std::vector<CDlgCfgBase*> pages;
+    for (const Tab& tab : tabs_) pages.push_back(tab.page.get());
+    return pages;
+}
+
 LRESULT CDlgTabHost::OnNotify(NMHDR* header) {
     if (header->idFrom != static_cast<UINT_PTR>(tabControlId_) || header->code != TCN_SELCHANGE) return 0;
     CDlgCfgBase* page = SelectedPage();

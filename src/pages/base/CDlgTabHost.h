@@ -18,6 +18,8 @@ public:
 
     CDlgCfgBase* SelectedPage() const;
     int SelectedTab() const;
+    // The page of each tab, in tab order.
+    std::vector<CDlgCfgBase*> Pages() const;
 
 protected:
     CDlgTabHost(int templateId, int tabControlId) : CDlgCfgBase(templateId), tabControlId_(tabControlId) {}

@@ -16,6 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "channel/RequestChannel.h"
 #include "protocol/SectionDecoder.h"
 #include "ui/win/DataExchange.h"
 
@@ -137,16 +138,19 @@ private:
     const BindingData& (*at_)(const void*, std::size_t);
 };
 
-// A section: its name in queries and settings, and the bindings of its record.
+// A section: its name in queries and settings, the bindings of its record, and the records its query
+// travels in (a few sections answer with more than the standard record holds).
 template <class Record>
 struct Section {
     const char* name;
     BindingList bindings;
     FieldList fields;
+    RecordSize recordSize;
 
     template <std::size_t N>
-    constexpr Section(const char* sectionName, const Binding<Record> (&table)[N])
-        : name(sectionName), bindings(table, N), fields(table, N) {}
+    constexpr Section(const char* sectionName, const Binding<Record> (&table)[N],
+                      RecordSize size = RecordSize::Standard)
+        : name(sectionName), bindings(table, N), fields(table, N), recordSize(size) {}
 };
 
 }  // namespace varcfg

@@ -261,8 +261,10 @@ int CDlgTabEncoderCfgMain::LoadPair(int startChannel) {
 }
 
 int CDlgTabEncoderCfgMain::Save() {
-    TakeSection(kMainStream);
-    for (int n = 0; n < ChannelCount(); ++n) TakeSection(kChannel, n);
+    if (!TakeSection(kMainStream)) return -1;
+    for (int n = 0; n < ChannelCount(); ++n) {
+        if (!TakeSection(kChannel, n)) return -1;
+    }
     int result = 1;
     for (int start = 0; start < ChannelCount(); start += 2) result = SavePair(start);
     Redraw();

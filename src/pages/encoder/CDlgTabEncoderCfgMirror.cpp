@@ -70,7 +70,9 @@ int CDlgTabEncoderCfgMirror::Refresh() {
 }
 
 int CDlgTabEncoderCfgMirror::Save() {
-    for (int n = 0; n < kMirrorChannels; ++n) TakeSection(kMirror, n);
+    for (int n = 0; n < kMirrorChannels; ++n) {
+        if (!TakeSection(kMirror, n)) return -1;
+    }
     const auto state = [this](int first, int n) { return Number(first + n); };
     const int result = SendSetting(FillTemplate(
         kMirrorSetting,

@@ -53,7 +53,7 @@ int CDlgTabEncoderCfgOsd::Refresh() {
 }
 
 int CDlgTabEncoderCfgOsd::Save() {
-    TakeSection(kOsd);
+    if (!TakeSection(kOsd)) return -1;
     const int result = SendSetting(FillTemplate(
         kOsdSetting, {Number(IDC_OSD_DEVICE_NUMBER), Number(IDC_OSD_CHANNEL_NAME), Number(IDC_OSD_TIME),
                       Number(IDC_OSD_GPS), Number(IDC_OSD_PLATE), Number(IDC_OSD_SPEED), Number(IDC_OSD_TEMPERATURE),

@@ -20,7 +20,8 @@ constexpr Binding<SubStreamRecord> kSubStreamBindings[] = {
     VARCFG_BIND(SubStreamRecord, frameRate, "ucFD_FrameRate", Integer).InComboData(IDC_SUB_FRAME_RATE, Unlisted::Keep),
     VARCFG_BIND(SubStreamRecord, bitRate, "uiFD_BitRate", Integer).InComboData(IDC_SUB_BIT_RATE, Unlisted::Keep),
 };
-constexpr Section<SubStreamRecord> kSubStream{"stSubStream", kSubStreamBindings};
+// The recorder's answer to this query may be longer than the standard record holds.
+constexpr Section<SubStreamRecord> kSubStream{"stSubStream", kSubStreamBindings, RecordSize::Large};
 
 constexpr wchar_t kSubStreamSetting[] =
     L"<VariCfgSec Action=\"DEVICE_SET\"><stSubStream ucFD_EncodeMode=\"%d\" ucFD_Resolution=\"%d\" "
@@ -113,7 +114,7 @@ int CDlgTabEncoderCfgSub::Refresh() {
 }
 
 int CDlgTabEncoderCfgSub::Save() {
-    TakeSection(kSubStream);
+    if (!TakeSection(kSubStream)) return -1;
     const int result = SendSetting(FillTemplate(
         kSubStreamSetting, {Number(IDC_SUB_MODE), Number(IDC_SUB_RESOLUTION), Number(IDC_SUB_QUALITY),
                             Number(IDC_SUB_FRAME_RATE), Number(IDC_SUB_BIT_RATE)}));

@@ -113,10 +113,7 @@ int CDlgTabNetCfg808::Refresh() {
 }
 
 int CDlgTabNetCfg808::Save() {
-    TakeSection(kLink);
-    TakeSection(kCarInfo);
-    TakeSection(kServer1);
-    TakeSection(kServer2);
+    if (!TakeSection(kLink) || !TakeSection(kCarInfo) || !TakeSection(kServer1) || !TakeSection(kServer2)) return -1;
     int result = WriteChangedSection(kLink, FillTemplate(kLinkSetting, {Number(IDC_808_ENABLE)}));
     if (result == 1) {
         result = WriteChangedSection(

@@ -80,7 +80,7 @@ int CDlgTabNetCfgGNet::Refresh() {
 }
 
 int CDlgTabNetCfgGNet::Save() {
-    TakeSection(kMobile);
+    if (!TakeSection(kMobile)) return -1;
     const int result = SendSetting(FillTemplate(kMobileSetting, {Number(IDC_MOBILE_TYPE), Text(IDC_MOBILE_APN),
                                                                  Text(IDC_MOBILE_DIAL_NUMBER), Text(IDC_MOBILE_USER),
                                                                  Text(IDC_MOBILE_PASSWORD)}));

@@ -54,8 +54,7 @@ int CDlgTabNetCfgKovCms::Refresh() {
 }
 
 int CDlgTabNetCfgKovCms::Save() {
-    TakeSection(kDeviceId);
-    TakeSection(kCentre);
+    if (!TakeSection(kDeviceId) || !TakeSection(kCentre)) return -1;
     const std::wstring& address = Number(IDC_CMS_ADDRESS_TYPE) == kByIpAddress ? Text(IDC_CMS_IP) : Text(IDC_CMS_DOMAIN);
     const std::wstring title = CLanguage::Instance().Text(kApplyServerTextId);
     const std::wstring question =

@@ -44,7 +44,7 @@ int CDlgTabNetCfgLocal::Refresh() {
 }
 
 int CDlgTabNetCfgLocal::Save() {
-    TakeSection(kLocalEth);
+    if (!TakeSection(kLocalEth)) return -1;
     if (!SectionChanged(kLocalEth)) return 1;
     const int result = SendSetting(FillTemplate(
         kLocalEthSetting, {Text(IDC_LOCAL_IP), Text(IDC_LOCAL_MASK), Text(IDC_LOCAL_GATEWAY), Text(IDC_LOCAL_MAC)}));

@@ -53,8 +53,7 @@ int CDlgTabNetCfgPtt::Refresh() {
 }
 
 int CDlgTabNetCfgPtt::Save() {
-    TakeSection(kPtt);
-    TakeSection(kPttCentre);
+    if (!TakeSection(kPtt) || !TakeSection(kPttCentre)) return -1;
     int result =
         WriteChangedSection(kPtt, FillTemplate(kPttSetting, {Number(IDC_PTT_ENABLE), Text(IDC_PTT_GROUP_NUMBER)}));
     if (result == 1) {

@@ -123,7 +123,7 @@ int CDlgTabNetCfgWifi::Refresh() {
 }
 
 int CDlgTabNetCfgWifi::Save() {
-    TakeSection(kWifi);
+    if (!TakeSection(kWifi)) return -1;
     const int workMode = ComboSelection(Hwnd(), IDC_WIFI_MODE);
     const LPARAM authentication = ComboSelectedData(Hwnd(), IDC_WIFI_AUTH, -1);
     const int encryption = ComboSelection(Hwnd(), IDC_WIFI_CRYPT);

@@ -53,7 +53,8 @@ constexpr Binding<SpeedAlarmRecord> kSpeedAlarmBindings[] = {
     VARCFG_BIND(SpeedAlarmRecord, drivingTime, "usFD_DrivingTime", Integer),
     VARCFG_BIND(SpeedAlarmRecord, restTime, "usFD_RestTime", Integer),
 };
-constexpr Section<SpeedAlarmRecord> kSpeedAlarm{"stSpeedAlarm", kSpeedAlarmBindings};
+// The recorder's answer to this query may be longer than the standard record holds.
+constexpr Section<SpeedAlarmRecord> kSpeedAlarm{"stSpeedAlarm", kSpeedAlarmBindings, RecordSize::Large};
 
 // The overtime goes into both overtime attributes: the recorder reads one or the other.
 constexpr wchar_t kSpeedAlarmSetting[] =
@@ -107,15 +108,14 @@ BOOL CDlgStopOverTime::OnInitDialog() {
 std::vector<SectionInfo> CDlgStopOverTime::DeclaredSections() const { return {Info(kSpeedAlarm)}; }
 
 int CDlgStopOverTime::Refresh() {
-    // This section's reply may be long: it comes in the larger records.
-    QueryReply reply;
-    int result = Query(QueryText(kSpeedAlarm.name), reply, RecordSize::Large);
     SpeedAlarmRecord record{};
-    if (result == 1 && !DecodeSection(kSpeedAlarm, *reply.Section(), record)) result = 0;
+    const int result = LoadSection(kSpeedAlarm, record, [](SpeedAlarmRecord& loaded) {
+        if (loaded.drivingTime < kDrivingTimeMin) loaded.drivingTime = static_cast<uint16_t>(kDrivingTimeShownBelowMin);
+        if (loaded.restTime < kRestTimeMin) loaded.restTime = static_cast<uint16_t>(kRestTimeShownBelowMin);
+    });
     if (result == 1) {
-        ShowSection(kSpeedAlarm, record);
-        drivingTime_ = record.drivingTime < kDrivingTimeMin ? kDrivingTimeShownBelowMin : record.drivingTime;
-        restTime_ = record.restTime < kRestTimeMin ? kRestTimeShownBelowMin : record.restTime;
+        drivingTime_ = record.drivingTime;
+        restTime_ = record.restTime;
         DataExchange show(*this, false);
         show.Number(IDC_PARK_DRIVING_TIME, drivingTime_, kDrivingTimeMin, kFatigueTimeMax);
         show.Number(IDC_PARK_REST_TIME, restTime_, kRestTimeMin, kFatigueTimeMax);
@@ -125,10 +125,14 @@ int CDlgStopOverTime::Refresh() {
 }
 
 int CDlgStopOverTime::Save() {
-    TakeSection(kSpeedAlarm);
-    DataExchange take(*this, true);
-    TakeFatigueTime(take, Hwnd(), IDC_PARK_DRIVING_TIME, drivingTime_, kDrivingTimeMin);
-    TakeFatigueTime(take, Hwnd(), IDC_PARK_REST_TIME, restTime_, kRestTimeMin);
+    // Unlike other pages, a refused field does not stop this save: the operator has been told, and the
+    // setting goes out with the values the fields then hold (this page's established behaviour).
+    // The transfer itself stops at the refused field: the fields after it keep their values.
+    if (TakeSection(kSpeedAlarm)) {
+        DataExchange take(*this, true);
+        TakeFatigueTime(take, Hwnd(), IDC_PARK_DRIVING_TIME, drivingTime_, kDrivingTimeMin);
+        TakeFatigueTime(take, Hwnd(), IDC_PARK_REST_TIME, restTime_, kRestTimeMin);
+    }
     const std::wstring& overtime = Text(IDC_PARK_OVERTIME);
     const int result = SendSetting(FillTemplate(
         kSpeedAlarmSetting,

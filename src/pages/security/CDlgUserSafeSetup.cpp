@@ -109,9 +109,9 @@ bool CDlgUserSafeSetup::Validate() {
 }
 
 int CDlgUserSafeSetup::Save() {
-    TakeSection(kCarInfo);
-    TakeSection(kUserSecurity);
-    if (!Validate()) return 0;
+    // A refused field fails the save with 0, as the password checks do, not -1: the operator sees the
+    // refusal, then the write-failed tip (this page's established behaviour). Nothing is sent.
+    if (!TakeSection(kCarInfo) || !TakeSection(kUserSecurity) || !Validate()) return 0;
     int result = 1;
     if (SectionChanged(kCarInfo)) {
         const int plateResult = SendSetting(FillTemplate(kCarInfoSetting, {Text(IDC_SECURITY_PLATE)}));

@@ -123,7 +123,7 @@ void CDlgTabSerialCfg::ShowPort() {
 }
 
 int CDlgTabSerialCfg::Save() {
-    TakeSection(kSerial);
+    if (!TakeSection(kSerial)) return -1;
     const int port = ComboSelection(Hwnd(), IDC_SERIAL_PORT);
     const wchar_t parity = ParityLetter(ComboSelectedData(Hwnd(), IDC_SERIAL_PARITY, CB_ERR));
     const long long peripheral = Number(IDC_SERIAL_DEVICE);

@@ -61,8 +61,12 @@ void DataExchange::Text(int id, std::wstring& value, std::size_t limit) {
     HWND dialog = dialog_.Hwnd();
     if (limit > 0) SendDlgItemMessageW(dialog, id, EM_LIMITTEXT, limit, 0);
     if (save_) {
+        // The edit's limit stops typing, not pasting or a text set before the limit was: a longer text
+        // is taken as it stands and refused.
         value = ItemText(dialog, id);
-        if (limit > 0 && value.size() > limit) value.resize(limit);
+        if (limit > 0 && value.size() > limit) {
+            Fail(id, FillTemplate(L"Please enter no more than %s characters.", {static_cast<long long>(limit)}));
+        }
     } else {
         SetItemText(dialog, id, limit > 0 && value.size() > limit ? value.substr(0, limit) : value);
     }

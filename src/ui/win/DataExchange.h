@@ -34,7 +34,8 @@ public:
     bool Saving() const { return save_; }
     bool Failed() const { return failed_; }
 
-    // Window text of an edit or static; a limit above 0 caps the text length in both directions.
+    // Window text of an edit or static. A limit above 0 is the edit's limit; a shown text is cut at it,
+    // and a longer text taken back is refused ("Please enter no more than 16 characters.").
     void Text(int id, std::wstring& value, std::size_t limit = 0);
     // A whole decimal number in [min, max] ("Please enter an integer between 0 and 65535."). The
     // typed text is kept in text when one is given.
