@@ -275,13 +275,17 @@ TEST(OtherSetupPage, FormatAndClockActOnlyAfterTheirQuestionAndTellTheOutcome) {
     }
 }
 
-TEST(OtherSetupPage, TheClockRequestCarriesTheTimeShownWhenTheQuestionWasAnswered) {
-    // The time picker moved while the question was open: the request carries the new time.
+TEST(OtherSetupPage, TheClockRequestCarriesTheTimeShownWhenTheQuestionWasAnsweredAndTheDateAsked) {
+    // Both pickers moved while the question was open: the request carries the new time, and the date
+    // that the question showed.
     PageUnderTest page(std::make_unique<CDlgOtherSetup>(), "MR4-A1");
     Enter(page.Hwnd(), IDC_OTHER_AUTO_UPDATE, L"0");
     Enter(page.Hwnd(), IDC_OTHER_DATE, L"2024-02-29 08:00:00");
     Enter(page.Hwnd(), IDC_OTHER_TIME, L"2024-02-29 23:59:58");
-    page.watcher.Inspect([&page](HWND) { Enter(page.Hwnd(), IDC_OTHER_TIME, L"2024-03-01 00:00:03"); });
+    page.watcher.Inspect([&page](HWND) {
+        Enter(page.Hwnd(), IDC_OTHER_TIME, L"2024-03-01 00:00:03");
+        Enter(page.Hwnd(), IDC_OTHER_DATE, L"2024-03-01 08:00:00");
+    });
     page.watcher.Queue(Answer::Click(IDOK));
     page.watcher.Queue(Answer::Key(VK_RETURN));
     SendDlgItemMessageW(page.Hwnd(), IDC_OTHER_SET_CLOCK, BM_CLICK, 0, 0);

@@ -195,8 +195,7 @@ int CDlgOtherSetup::Refresh() {
 }
 
 int CDlgOtherSetup::Save() {
-    TakeSection(kBaseInfo);
-    if (!TakeSection(kPower)) return -1;
+    if (!TakeSection(kBaseInfo) || !TakeSection(kPower)) return -1;
     // The lists give indices, except the zone minutes, which are written as minutes.
     BaseInfoRecord edited{};
     edited.timeZone = static_cast<uint8_t>(Number(IDC_OTHER_ZONE_HOURS));
@@ -242,20 +241,21 @@ void CDlgOtherSetup::FormatDisk() {
 
 void CDlgOtherSetup::SetDeviceClock() {
     CLanguage& language = CLanguage::Instance();
-    if (!Confirmed(Hwnd(), FillTemplate(L"%s %s", {language.Text(24095), ClockText()}), language.Text(24096))) {
+    const std::wstring date = PickerText(IDC_OTHER_DATE).substr(0, kDateLength);
+    if (!Confirmed(Hwnd(), FillTemplate(L"%s %s", {language.Text(24095), date + TimeOfDay()}), language.Text(24096))) {
         return;
     }
-    // The time picker may have followed the local clock while the question was open. As for the
-    // format, a lost reply reads as done.
-    const bool refused = SendSetting(FillTemplate(kClockRequest, {ClockText()})) == -1;
+    // The time picker may have followed the local clock while the question was open: its time is read
+    // again, the date stays the one the operator confirmed. As for the format, a lost reply reads as done.
+    const bool refused = SendSetting(FillTemplate(kClockRequest, {date + TimeOfDay()})) == -1;
     ShowMsgTip(FillTemplate(L"%s:%s", {language.Text(24096), language.Text(refused ? 21008 : 21007)}));
 }
 
-std::wstring CDlgOtherSetup::ClockText() {
-    std::wstring date = kUnreadableClock;
-    std::wstring time = kUnreadableClock;
+std::wstring CDlgOtherSetup::PickerText(int control) {
+    std::wstring text = kUnreadableClock;
     DataExchange take(*this, true);
-    take.DateTime(IDC_OTHER_DATE, date);
-    take.DateTime(IDC_OTHER_TIME, time);
-    return date.substr(0, kDateLength) + time.substr(kDateLength);
+    take.DateTime(control, text);
+    return text;
 }
+
+std::wstring CDlgOtherSetup::TimeOfDay() { return PickerText(IDC_OTHER_TIME).substr(kDateLength); }

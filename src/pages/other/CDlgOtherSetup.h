@@ -29,8 +29,10 @@ protected:
 private:
     void FormatDisk();
     void SetDeviceClock();
-    // The date of the date picker and the time of the time picker, "YYYY-MM-DD HH:MM:SS".
-    std::wstring ClockText();
+    // A picker's value, "YYYY-MM-DD HH:MM:SS".
+    std::wstring PickerText(int control);
+    // The time picker's time, " HH:MM:SS", to follow a date.
+    std::wstring TimeOfDay();
 
     // Compared byte for byte with the one a save builds: the fields this page does not edit are kept
     // as read, so the first save after a read writes the base information even without edits.
