@@ -2,7 +2,7 @@
 # writes STAMP when they all do. Run with cmake -P; a violation is a build error naming file and line.
 #
 # Layers from the bottom; pages/<category> folders share one rank and may not include each other.
-set(layers base protocol channel ui pages/base pages/* shell plugin)
+set(layers base protocol catalogue channel ui pages/base pages/* shell plugin)
 
 function(layer_rank path out_rank out_layer)
   set(rank 0)

@@ -114,9 +114,14 @@ void AppendArgument(std::wstring& out, const Conversion& conversion, const Templ
 }  // namespace
 
 std::wstring FillTemplate(std::wstring_view format, std::initializer_list<TemplateArg> args) {
+    return FillTemplate(format, args.begin(), args.size());
+}
+
+std::wstring FillTemplate(std::wstring_view format, const TemplateArg* args, std::size_t count) {
     std::wstring out;
     out.reserve(format.size() + 64);
-    const TemplateArg* next = args.begin();
+    const TemplateArg* next = args;
+    const TemplateArg* const end = args + count;
     std::size_t position = 0;
     while (position < format.size()) {
         const wchar_t character = format[position++];
@@ -131,7 +136,7 @@ std::wstring FillTemplate(std::wstring_view format, std::initializer_list<Templa
         }
         Conversion conversion;
         if (!ReadConversion(format, position, conversion)) break;
-        if (next == args.end()) continue;
+        if (next == end) continue;
         AppendArgument(out, conversion, *next++);
     }
     return out;

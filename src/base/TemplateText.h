@@ -12,6 +12,7 @@
 // writes nothing, and arguments beyond the template's conversions are ignored.
 #pragma once
 
+#include <cstddef>
 #include <initializer_list>
 #include <string>
 #include <string_view>
@@ -50,5 +51,7 @@ private:
 };
 
 std::wstring FillTemplate(std::wstring_view format, std::initializer_list<TemplateArg> args);
+// The same with arguments gathered at run time.
+std::wstring FillTemplate(std::wstring_view format, const TemplateArg* args, std::size_t count);
 
 }  // namespace varcfg

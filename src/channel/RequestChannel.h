@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "protocol/RecordSize.h"
+
 namespace varcfg {
 
 // How a request text is put into the request record: at most copyLimit characters are copied and the
@@ -18,9 +20,6 @@ struct RequestForm {
 inline constexpr RequestForm kQueryForm{2047, 2047};    // 8-bit query texts, sent whole
 inline constexpr RequestForm kSettingForm{1023, 1023};  // settings: longer texts are cut without notice
 inline constexpr RequestForm kRawForm{2047, 2048};      // the raw command page's free text
-
-// Two queries use records with a 9708-byte text area instead of 2060.
-enum class RecordSize { Standard, Large };
 
 // Sends one request in mode 0. Both records start zeroed. Returns false when the host's callback
 // returns 0 (or none is installed); reply is then left untouched. Otherwise reply receives the reply

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <cstring>
 #include <map>
+#include <set>
 #include <memory>
 #include <string>
 #include <vector>
@@ -18,6 +19,7 @@
 #include "TestHostWindow.h"
 #include "base/AnsiText.h"
 #include "base/TemplateText.h"
+#include "catalogue/SectionCatalogue.h"
 #include "channel/DeviceVersion.h"
 #include "channel/HostBridge.h"
 #include "pages/about/CDlgAboutSetup.h"
@@ -136,6 +138,74 @@ TEST_F(PageDeclarations, EveryQueryTravelsInTheRecordsItsSectionDeclares) {
     // The sub stream and the speed alarms answer with more than a standard record holds.
     EXPECT_EQ(large, (std::map<std::string, long long>{{"stSpeedAlarm", kLargeRecord}, {"stSubStream", kLargeRecord}}));
     EXPECT_TRUE(watcher.Problems().empty());
+}
+
+TEST_F(PageDeclarations, EachPageExchangesExactlyTheSectionsItDeclares) {
+    PanelPages panel(host);
+    for (const auto& [page, name] : panel.pages) {
+        // A tab host passes its loads and saves on to the shown tab, which is checked on its own.
+        if (dynamic_cast<CDlgTabHost*>(page) != nullptr) continue;
+        std::set<std::string> declared;
+        for (const SectionInfo& section : page->DeclaredSections()) declared.insert(section.name);
+        if (declared.empty()) continue;
+        SCOPED_TRACE(name);
+        ModalWatcher watcher;
+        watcher.Queue(Answer::Key(VK_RETURN));  // a question before the write is answered yes
+        link.requests.clear();
+        page->Refresh();
+        std::set<std::string> queried;
+        for (const SeenRequest& request : link.requests) queried.insert(SectionOf(request.text));
+        // The version is read once for the whole panel, not by the page that shows it.
+        if (declared.count("stVersion") != 0) queried.insert("stVersion");
+        EXPECT_EQ(queried, declared) << "the load";
+        link.requests.clear();
+        page->Save();
+        for (const SeenRequest& request : link.requests) {
+            EXPECT_EQ(declared.count(SectionOf(request.text)), 1u) << "the save sent " << request.text;
+        }
+    }
+}
+
+TEST_F(PageDeclarations, CatalogueSectionsAreBoundByTheirDeclaredAttributesAndFilledFromThem) {
+    PanelPages panel(host);
+    std::set<std::string> written;
+    for (const auto& [page, name] : panel.pages) {
+        for (const SectionInfo& section : page->DeclaredSections()) {
+            if (section.declaration == nullptr) continue;
+            SCOPED_TRACE(name + " " + section.name);
+            const SectionDeclaration& declared = *section.declaration;
+            EXPECT_EQ(FindCatalogueSection(section.name), &declared) << "declared in the catalogue, once";
+            for (std::size_t b = 0; b < section.bindings.size(); ++b) {
+                const FieldBinding& bound = section.bindings[b].field;
+                bool found = false;
+                for (std::size_t a = 0; a < declared.attributes.size(); ++a) {
+                    const FieldBinding& attribute = declared.attributes[a];
+                    found = found || (SameName(attribute.attribute, bound.attribute) &&
+                                      attribute.offset == bound.offset && attribute.size == bound.size &&
+                                      attribute.kind == bound.kind);
+                }
+                EXPECT_TRUE(found) << bound.attribute << " as the catalogue declares it";
+            }
+            ASSERT_LT(section.setting, declared.settingCount);
+            const SettingTemplate& setting = declared.settings[section.setting];
+            for (std::size_t p = 0; p < setting.sourceCount; ++p) {
+                const PlaceholderSource& source = setting.sources[p];
+                if (source.kind != SourceKind::Attribute) continue;
+                bool shown = false;
+                for (std::size_t b = 0; b < section.bindings.size(); ++b) {
+                    const BindingData& binding = section.bindings[b];
+                    shown = shown || (binding.view.show != Show::None && SameName(binding.field.attribute, source.attribute));
+                }
+                EXPECT_TRUE(shown) << "placeholder " << p + 1 << " names " << source.attribute
+                                   << ", which the page does not bind to a control";
+            }
+            written.insert(section.name);
+        }
+    }
+    // Every catalogue section is written by a page through its declaration.
+    for (auto entry = CatalogueBegin(); entry != CatalogueEnd(); ++entry) {
+        EXPECT_EQ(written.count((*entry)->name), 1u) << (*entry)->name << " has no page";
+    }
 }
 
 // A value just past a field's rule, and the message that refuses it.

@@ -1,6 +1,6 @@
 #include "pages/alarm/CDlgTabAlarmCfgBase.h"
 
-#include "protocol/AlarmRecords.h"
+#include "catalogue/AlarmCatalogue.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -10,24 +10,11 @@ using namespace varcfg;
 namespace {
 
 constexpr Binding<RecordingRecord> kRecordingBindings[] = {
-    VARCFG_BIND(RecordingRecord, recordMode, "ucFD_RecordMode", Integer),
-    VARCFG_BIND(RecordingRecord, sdUsage, "ucFD_SDUsage", Integer),
-    VARCFG_BIND(RecordingRecord, enableIpc, "ucFD_EnableIPC", Integer),
-    VARCFG_BIND(RecordingRecord, alarmRecordType, "ucFD_AlarmRecordType", Integer)
-        .InComboIndex(IDC_ALARM_BASE_RECORD_TYPE, Unlisted::Clear),
-    VARCFG_BIND(RecordingRecord, preRecordTime, "uiFD_PreRecordTime", Integer).InNumber(IDC_ALARM_BASE_PRE_RECORD, 0, 60),
-    VARCFG_BIND(RecordingRecord, alarmRecordTime, "uiFD_AlarmRecordTime", Integer)
-        .InNumber(IDC_ALARM_BASE_RECORD_TIME, 5, 1800),
-    VARCFG_BIND(RecordingRecord, alarmRecordDays, "uiFD_AlarmRecordDays", Integer),
-    VARCFG_BIND(RecordingRecord, saveDayEnable, "uiFD_SaveDayEnable", Integer),
-    VARCFG_BIND(RecordingRecord, saveDays, "ucFD_SaveDays", Integer),
+    BindAttribute(kRecordingFields, "ucFD_AlarmRecordType").InComboIndex(IDC_ALARM_BASE_RECORD_TYPE, Unlisted::Clear),
+    BindAttribute(kRecordingFields, "uiFD_PreRecordTime").InNumber(IDC_ALARM_BASE_PRE_RECORD, 0, 60),
+    BindAttribute(kRecordingFields, "uiFD_AlarmRecordTime").InNumber(IDC_ALARM_BASE_RECORD_TIME, 5, 1800),
 };
-constexpr Section<RecordingRecord> kRecording{"stRecord", kRecordingBindings};
-
-// The stRecord element is never closed, and "<VariCfgSec>" stands where the envelope's end tag would.
-constexpr wchar_t kRecordingSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stRecord uiFD_PreRecordTime=\"%d\" uiFD_AlarmRecordTime=\"%d\" "
-    L"ucFD_AlarmRecordType=\"%d\"><VariCfgSec>";
+constexpr Section<RecordingRecord> kRecording{kRecordingSection, kRecordingBindings};
 
 }  // namespace
 
@@ -63,9 +50,7 @@ int CDlgTabAlarmCfgBase::Save() {
     // A refused time stops the transfer there, but not the save: the setting goes out with the values as
     // they then stand (this page's established behaviour).
     TakeSection(kRecording);
-    const int result = SendSetting(FillTemplate(
-        kRecordingSetting, {Number(IDC_ALARM_BASE_PRE_RECORD), Number(IDC_ALARM_BASE_RECORD_TIME),
-                            Number(IDC_ALARM_BASE_RECORD_TYPE)}));
+    const int result = SendSection(kRecording);
     Redraw();
     return result == 1 ? 1 : 0;
 }

@@ -146,6 +146,41 @@ const ShownValue& CDlgCfgBase::Baseline(int control) const {
     return found != baseline_.end() ? found->second : kNone;
 }
 
+std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row) const {
+    if (section.declaration == nullptr || section.setting >= section.declaration->settingCount) return {};
+    const SettingTemplate& setting = section.declaration->settings[section.setting];
+    std::vector<TemplateArg> args;
+    args.reserve(setting.sourceCount);
+    for (std::size_t s = 0; s < setting.sourceCount; ++s) {
+        const PlaceholderSource& source = setting.sources[s];
+        if (source.kind == SourceKind::Fixed) {
+            args.emplace_back(source.value);
+            continue;
+        }
+        const ViewRule* view = nullptr;
+        for (std::size_t b = 0; b < section.bindings.size() && view == nullptr; ++b) {
+            const BindingData& binding = section.bindings[b];
+            if (binding.view.show != Show::None && binding.field.attribute != nullptr &&
+                SameName(binding.field.attribute, source.attribute)) {
+                view = &binding.view;
+            }
+        }
+        if (view == nullptr) {
+            args.emplace_back(L"");
+            continue;
+        }
+        const ShownValue& value = Value(view->control + row);
+        const bool asText = view->show == Show::Text || view->show == Show::IpAddress ||
+                            view->show == Show::Decimal || view->show == Show::DateTime;
+        if (asText) {
+            args.emplace_back(std::wstring_view(value.text));
+        } else {
+            args.emplace_back(value.number);
+        }
+    }
+    return FillTemplate(setting.text, args.data(), args.size());
+}
+
 void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char* record, int row) {
     DataExchange show(*this, false);
     DataExchange readBack(*this, true);

@@ -39,6 +39,8 @@ struct SectionInfo {
     const char* name;
     varcfg::BindingList bindings;
     varcfg::RecordSize recordSize;
+    const varcfg::SectionDeclaration* declaration;  // null for a section outside the catalogue
+    std::size_t setting;                            // the declaration's template the page writes
 };
 
 class CDlgCfgBase : public varcfg::Dialog {
@@ -147,11 +149,26 @@ protected:
         if (result == 1) AcceptSection(section, row);
         return result;
     }
+    // The same for a catalogue section, whose setting is its template filled from the taken values.
+    template <class Record>
+    int WriteChangedSection(const varcfg::Section<Record>& section, int row = 0) {
+        return WriteChangedSection(section, SettingText(Info(section), row), row);
+    }
+    // Sends a catalogue section's setting, filled from the values taken from its controls, whether or
+    // not they changed.
+    template <class Record>
+    int SendSection(const varcfg::Section<Record>& section, int row = 0) {
+        return SendSetting(SettingText(Info(section), row));
+    }
+    // A catalogue section's setting template, each placeholder filled from its source: a bound
+    // attribute's value as taken from its control (texts as they stand, lists, checks and numbers as
+    // numbers), or the template's own value.
+    std::wstring SettingText(const SectionInfo& section, int row = 0) const;
     // One control's taken value becomes its baseline, for pages that accept part of a section.
     void AcceptValue(int control) { baseline_[control] = Value(control); }
     template <class Record>
     static SectionInfo Info(const varcfg::Section<Record>& section) {
-        return SectionInfo{section.name, section.bindings, section.recordSize};
+        return SectionInfo{section.name, section.bindings, section.recordSize, section.declaration, section.setting};
     }
 
     // The value of a bound control as last shown or taken, and its baseline.

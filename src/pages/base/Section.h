@@ -16,7 +16,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "channel/RequestChannel.h"
+#include "catalogue/SectionCatalogue.h"
 #include "protocol/SectionDecoder.h"
 #include "ui/win/DataExchange.h"
 
@@ -111,6 +111,13 @@ constexpr Binding<Record> MakeBinding(const Field<Record>& field) {
     return binding;
 }
 
+// A binding of an attribute that the section catalogue declares: BindAttribute(kPttFields, "ucFD_Enable")
+// .InCheck(IDC_PTT_ENABLE). An attribute the catalogue does not declare stops the build.
+template <class Record, std::size_t N>
+constexpr Binding<Record> BindAttribute(const Field<Record> (&declared)[N], const char* attribute) {
+    return MakeBinding<Record>(DeclaredField(declared, attribute));
+}
+
 // VARCFG_BIND(Record, member, "attributeName", Integer | Float | Text | Ip): a member decoded from the
 // attribute; add a rule (.InText(id), .InNumber(id, min, max), ...) to show it. A null attribute name
 // binds a member that is shown but not decoded.
@@ -138,19 +145,28 @@ private:
     const BindingData& (*at_)(const void*, std::size_t);
 };
 
-// A section: its name in queries and settings, the bindings of its record, and the records its query
-// travels in (a few sections answer with more than the standard record holds).
+// A section as a page shows it: its name in queries and settings, the bindings of its record to the
+// page's controls, and the records its query travels in. A section of the catalogue also brings its
+// attributes (what the decoder reads) and the setting template the page writes.
 template <class Record>
 struct Section {
     const char* name;
     BindingList bindings;
     FieldList fields;
     RecordSize recordSize;
+    const SectionDeclaration* declaration;  // null for a section the page declares on its own
+    std::size_t setting;                    // the declaration's template this page writes
 
+    template <std::size_t N>
+    constexpr Section(const SectionDeclaration& declared, const Binding<Record> (&table)[N],
+                      std::size_t settingIndex = 0)
+        : name(declared.name), bindings(table, N), fields(declared.attributes), recordSize(declared.recordSize),
+          declaration(&declared), setting(settingIndex) {}
     template <std::size_t N>
     constexpr Section(const char* sectionName, const Binding<Record> (&table)[N],
                       RecordSize size = RecordSize::Standard)
-        : name(sectionName), bindings(table, N), fields(table, N), recordSize(size) {}
+        : name(sectionName), bindings(table, N), fields(table, N), recordSize(size), declaration(nullptr),
+          setting(0) {}
 };
 
 }  // namespace varcfg

@@ -1,6 +1,6 @@
 #include "pages/encoder/CDlgTabEncoderCfgOsd.h"
 
-#include "protocol/EncoderRecords.h"
+#include "catalogue/EncoderCatalogue.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
 
@@ -9,22 +9,17 @@ using namespace varcfg;
 namespace {
 
 constexpr Binding<OsdRecord> kOsdBindings[] = {
-    VARCFG_BIND(OsdRecord, deviceNoEnable, "ucFD_DeviceNoEnable", Integer).InCheck(IDC_OSD_DEVICE_NUMBER),
-    VARCFG_BIND(OsdRecord, chnNameEnable, "ucFD_ChnNameEnable", Integer).InCheck(IDC_OSD_CHANNEL_NAME),
-    VARCFG_BIND(OsdRecord, timeEnable, "ucFD_TimeEnable", Integer).InCheck(IDC_OSD_TIME),
-    VARCFG_BIND(OsdRecord, gpsEnable, "ucFD_GPSEnable", Integer).InCheck(IDC_OSD_GPS),
-    VARCFG_BIND(OsdRecord, lPlateEnable, "ucFD_LPlateEnable", Integer).InCheck(IDC_OSD_PLATE),
-    VARCFG_BIND(OsdRecord, speedEnable, "ucFD_SpeedEnable", Integer).InCheck(IDC_OSD_SPEED),
-    VARCFG_BIND(OsdRecord, tempEnable, "ucFD_TempEnable", Integer).InCheck(IDC_OSD_TEMPERATURE),
-    VARCFG_BIND(OsdRecord, ioEnable, "ucFD_IOEnable", Integer).InCheck(IDC_OSD_IO),
-    VARCFG_BIND(OsdRecord, gSensorEnable, "ucFD_GSensorEnable", Integer).InCheck(IDC_OSD_GSENSOR),
+    BindAttribute(kOsdFields, "ucFD_DeviceNoEnable").InCheck(IDC_OSD_DEVICE_NUMBER),
+    BindAttribute(kOsdFields, "ucFD_ChnNameEnable").InCheck(IDC_OSD_CHANNEL_NAME),
+    BindAttribute(kOsdFields, "ucFD_TimeEnable").InCheck(IDC_OSD_TIME),
+    BindAttribute(kOsdFields, "ucFD_GPSEnable").InCheck(IDC_OSD_GPS),
+    BindAttribute(kOsdFields, "ucFD_LPlateEnable").InCheck(IDC_OSD_PLATE),
+    BindAttribute(kOsdFields, "ucFD_SpeedEnable").InCheck(IDC_OSD_SPEED),
+    BindAttribute(kOsdFields, "ucFD_TempEnable").InCheck(IDC_OSD_TEMPERATURE),
+    BindAttribute(kOsdFields, "ucFD_IOEnable").InCheck(IDC_OSD_IO),
+    BindAttribute(kOsdFields, "ucFD_GSensorEnable").InCheck(IDC_OSD_GSENSOR),
 };
-constexpr Section<OsdRecord> kOsd{"stOSD", kOsdBindings};
-
-constexpr wchar_t kOsdSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stOSD ucFD_DeviceNoEnable=\"%d\" ucFD_ChnNameEnable=\"%d\" "
-    L"ucFD_TimeEnable=\"%d\" ucFD_GPSEnable=\"%d\" ucFD_LPlateEnable=\"%d\" ucFD_SpeedEnable=\"%d\" "
-    L"ucFD_TempEnable=\"%d\" ucFD_IOEnable=\"%d\" ucFD_GSensorEnable=\"%d\" /></VariCfgSec>";
+constexpr Section<OsdRecord> kOsd{kOsdSection, kOsdBindings};
 
 }  // namespace
 
@@ -54,10 +49,7 @@ int CDlgTabEncoderCfgOsd::Refresh() {
 
 int CDlgTabEncoderCfgOsd::Save() {
     if (!TakeSection(kOsd)) return -1;
-    const int result = SendSetting(FillTemplate(
-        kOsdSetting, {Number(IDC_OSD_DEVICE_NUMBER), Number(IDC_OSD_CHANNEL_NAME), Number(IDC_OSD_TIME),
-                      Number(IDC_OSD_GPS), Number(IDC_OSD_PLATE), Number(IDC_OSD_SPEED), Number(IDC_OSD_TEMPERATURE),
-                      Number(IDC_OSD_IO), Number(IDC_OSD_GSENSOR)}));
+    const int result = SendSection(kOsd);
     Redraw();
     return result == 1 ? 1 : 0;
 }

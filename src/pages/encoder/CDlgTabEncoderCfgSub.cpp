@@ -1,7 +1,7 @@
 #include "pages/encoder/CDlgTabEncoderCfgSub.h"
 
 #include "channel/DeviceVersion.h"
-#include "protocol/EncoderRecords.h"
+#include "catalogue/EncoderCatalogue.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -14,18 +14,13 @@ constexpr int kCustomMode = 3;
 
 // A value the recorder sends that no entry offers leaves the previous selection.
 constexpr Binding<SubStreamRecord> kSubStreamBindings[] = {
-    VARCFG_BIND(SubStreamRecord, encodeMode, "ucFD_EncodeMode", Integer).InComboIndex(IDC_SUB_MODE, Unlisted::Clear),
-    VARCFG_BIND(SubStreamRecord, resolution, "ucFD_Resolution", Integer).InComboData(IDC_SUB_RESOLUTION, Unlisted::Keep),
-    VARCFG_BIND(SubStreamRecord, quality, "ucFD_Quality", Integer).InComboIndex(IDC_SUB_QUALITY, Unlisted::Clear),
-    VARCFG_BIND(SubStreamRecord, frameRate, "ucFD_FrameRate", Integer).InComboData(IDC_SUB_FRAME_RATE, Unlisted::Keep),
-    VARCFG_BIND(SubStreamRecord, bitRate, "uiFD_BitRate", Integer).InComboData(IDC_SUB_BIT_RATE, Unlisted::Keep),
+    BindAttribute(kSubStreamFields, "ucFD_EncodeMode").InComboIndex(IDC_SUB_MODE, Unlisted::Clear),
+    BindAttribute(kSubStreamFields, "ucFD_Resolution").InComboData(IDC_SUB_RESOLUTION, Unlisted::Keep),
+    BindAttribute(kSubStreamFields, "ucFD_Quality").InComboIndex(IDC_SUB_QUALITY, Unlisted::Clear),
+    BindAttribute(kSubStreamFields, "ucFD_FrameRate").InComboData(IDC_SUB_FRAME_RATE, Unlisted::Keep),
+    BindAttribute(kSubStreamFields, "uiFD_BitRate").InComboData(IDC_SUB_BIT_RATE, Unlisted::Keep),
 };
-// The recorder's answer to this query may be longer than the standard record holds.
-constexpr Section<SubStreamRecord> kSubStream{"stSubStream", kSubStreamBindings, RecordSize::Large};
-
-constexpr wchar_t kSubStreamSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stSubStream ucFD_EncodeMode=\"%d\" ucFD_Resolution=\"%d\" "
-    L"ucFD_Quality=\"%d\" ucFD_FrameRate=\"%d\" uiFD_BitRate=\"%d\" /></VariCfgSec>";
+constexpr Section<SubStreamRecord> kSubStream{kSubStreamSection, kSubStreamBindings};
 
 constexpr int kSmallFrameRates[] = {3, 5, 8, 10, 12, 15, 18, 20};
 constexpr int kLargeFrameRates[] = {3, 5, 8, 10, 12, 15, 18, 20, 25, 30};
@@ -115,9 +110,7 @@ int CDlgTabEncoderCfgSub::Refresh() {
 
 int CDlgTabEncoderCfgSub::Save() {
     if (!TakeSection(kSubStream)) return -1;
-    const int result = SendSetting(FillTemplate(
-        kSubStreamSetting, {Number(IDC_SUB_MODE), Number(IDC_SUB_RESOLUTION), Number(IDC_SUB_QUALITY),
-                            Number(IDC_SUB_FRAME_RATE), Number(IDC_SUB_BIT_RATE)}));
+    const int result = SendSection(kSubStream);
     Redraw();
     return result == 1 ? 1 : 0;
 }

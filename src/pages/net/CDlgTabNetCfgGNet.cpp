@@ -2,6 +2,7 @@
 
 #include <iterator>
 
+#include "catalogue/NetworkCatalogue.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
 
@@ -9,27 +10,14 @@ using namespace varcfg;
 
 namespace {
 
-// stMobileGNet: the cellular dial-up.
-struct MobileGNetRecord {
-    uint8_t netType;
-    char apn[32];
-    char phoneNo[32];
-    char userName[32];
-    char userPasswd[32];
-};
-
 constexpr Binding<MobileGNetRecord> kMobileBindings[] = {
-    VARCFG_BIND(MobileGNetRecord, netType, "ucFD_NetType", Integer).InComboIndex(IDC_MOBILE_TYPE, Unlisted::Keep),
-    VARCFG_BIND(MobileGNetRecord, apn, "strFD_Apn", Text).InText(IDC_MOBILE_APN),
-    VARCFG_BIND(MobileGNetRecord, phoneNo, "strFD_PhoneNo", Text).InText(IDC_MOBILE_DIAL_NUMBER),
-    VARCFG_BIND(MobileGNetRecord, userName, "strFD_UserName", Text).InText(IDC_MOBILE_USER),
-    VARCFG_BIND(MobileGNetRecord, userPasswd, "strFD_UserPasswd", Text).InText(IDC_MOBILE_PASSWORD),
+    BindAttribute(kMobileFields, "ucFD_NetType").InComboIndex(IDC_MOBILE_TYPE, Unlisted::Keep),
+    BindAttribute(kMobileFields, "strFD_Apn").InText(IDC_MOBILE_APN),
+    BindAttribute(kMobileFields, "strFD_PhoneNo").InText(IDC_MOBILE_DIAL_NUMBER),
+    BindAttribute(kMobileFields, "strFD_UserName").InText(IDC_MOBILE_USER),
+    BindAttribute(kMobileFields, "strFD_UserPasswd").InText(IDC_MOBILE_PASSWORD),
 };
-constexpr Section<MobileGNetRecord> kMobile{"stMobileGNet", kMobileBindings};
-
-constexpr wchar_t kMobileSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stMobileGNet ucFD_NetType=\"%d\" strFD_Apn=\"%s\" strFD_PhoneNo=\"%s\" "
-    L"strFD_UserName=\"%s\" strFD_UserPasswd=\"%s\" /></VariCfgSec>";
+constexpr Section<MobileGNetRecord> kMobile{kMobileSection, kMobileBindings};
 
 // The network types in the order of ucFD_NetType, with the dial number and access point name of the
 // carrier that runs each.
@@ -81,9 +69,7 @@ int CDlgTabNetCfgGNet::Refresh() {
 
 int CDlgTabNetCfgGNet::Save() {
     if (!TakeSection(kMobile)) return -1;
-    const int result = SendSetting(FillTemplate(kMobileSetting, {Number(IDC_MOBILE_TYPE), Text(IDC_MOBILE_APN),
-                                                                 Text(IDC_MOBILE_DIAL_NUMBER), Text(IDC_MOBILE_USER),
-                                                                 Text(IDC_MOBILE_PASSWORD)}));
+    const int result = SendSection(kMobile);
     Redraw();
     return result == 1 ? 1 : 0;
 }

@@ -1,6 +1,6 @@
 #include "pages/net/CDlgTabNetCfgLocal.h"
 
-#include "protocol/SectionRecords.h"
+#include "catalogue/NetworkCatalogue.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
 
@@ -9,19 +9,12 @@ using namespace varcfg;
 namespace {
 
 constexpr Binding<LocalEthRecord> kLocalEthBindings[] = {
-    VARCFG_BIND(LocalEthRecord, dhcpEnableFlag, "ucFD_DhcpEnableFlag", Integer),
-    VARCFG_BIND(LocalEthRecord, localIp, "uiFD_LocalIp", Ip).InIpAddress(IDC_LOCAL_IP),
-    VARCFG_BIND(LocalEthRecord, localEth1Ip, "uiFD_LocalEth1Ip", Ip),
-    VARCFG_BIND(LocalEthRecord, netMask, "uiFD_NetMask", Ip).InIpAddress(IDC_LOCAL_MASK),
-    VARCFG_BIND(LocalEthRecord, gateWay, "uiFD_GateWay", Ip).InIpAddress(IDC_LOCAL_GATEWAY),
-    VARCFG_BIND(LocalEthRecord, mac, "strFD_Mac", Text).InText(IDC_LOCAL_MAC),
+    BindAttribute(kLocalEthFields, "uiFD_LocalIp").InIpAddress(IDC_LOCAL_IP),
+    BindAttribute(kLocalEthFields, "uiFD_NetMask").InIpAddress(IDC_LOCAL_MASK),
+    BindAttribute(kLocalEthFields, "uiFD_GateWay").InIpAddress(IDC_LOCAL_GATEWAY),
+    BindAttribute(kLocalEthFields, "strFD_Mac").InText(IDC_LOCAL_MAC),
 };
-constexpr Section<LocalEthRecord> kLocalEth{"stLocalEth0", kLocalEthBindings};
-
-// DHCP is always written off: saving this page gives the port the fixed address shown.
-constexpr wchar_t kLocalEthSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stLocalEth0 ucFD_DhcpEnableFlag=\"0\" uiFD_LocalIp=\"%s\" "
-    L"uiFD_NetMask=\"%s\" uiFD_GateWay=\"%s\" strFD_Mac=\"%s\" /></VariCfgSec>";
+constexpr Section<LocalEthRecord> kLocalEth{kLocalEthSection, kLocalEthBindings};
 
 }  // namespace
 
@@ -45,11 +38,7 @@ int CDlgTabNetCfgLocal::Refresh() {
 
 int CDlgTabNetCfgLocal::Save() {
     if (!TakeSection(kLocalEth)) return -1;
-    if (!SectionChanged(kLocalEth)) return 1;
-    const int result = SendSetting(FillTemplate(
-        kLocalEthSetting, {Text(IDC_LOCAL_IP), Text(IDC_LOCAL_MASK), Text(IDC_LOCAL_GATEWAY), Text(IDC_LOCAL_MAC)}));
+    const int result = WriteChangedSection(kLocalEth);
     Redraw();
-    if (result != 1) return 0;
-    AcceptSection(kLocalEth);
-    return 1;
+    return result == 1 ? 1 : 0;
 }

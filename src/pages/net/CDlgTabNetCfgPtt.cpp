@@ -1,7 +1,6 @@
 #include "pages/net/CDlgTabNetCfgPtt.h"
 
 #include "pages/net/ServerSection.h"
-#include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
 
@@ -9,27 +8,14 @@ using namespace varcfg;
 
 namespace {
 
-// stPtt: push-to-talk.
-struct PttRecord {
-    uint8_t enable;
-    uint16_t groupNo;
-};
-
 constexpr Binding<PttRecord> kPttBindings[] = {
-    VARCFG_BIND(PttRecord, enable, "ucFD_Enable", Integer).InCheck(IDC_PTT_ENABLE),
-    VARCFG_BIND(PttRecord, groupNo, "usFD_GroupNo", Integer).InText(IDC_PTT_GROUP_NUMBER),
+    BindAttribute(kPttFields, "ucFD_Enable").InCheck(IDC_PTT_ENABLE),
+    BindAttribute(kPttFields, "usFD_GroupNo").InText(IDC_PTT_GROUP_NUMBER),
 };
-constexpr Section<PttRecord> kPtt{"stPtt", kPttBindings};
+constexpr Section<PttRecord> kPtt{kPttSection, kPttBindings};
 
 constexpr ServerBindings kPttCentreBindings = BindServer({0, IDC_PTT_CENTRE_IP, 0, IDC_PTT_PORT});
-constexpr Section<ServerRecord> kPttCentre{"stPttDcn", kPttCentreBindings.rows};
-
-constexpr wchar_t kPttSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stPtt ucFD_Enable=\"%d\" usFD_GroupNo=\"%s\" /></VariCfgSec>";
-// The centre is always given by its IP address.
-constexpr wchar_t kPttCentreSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stPttDcn ucFD_AddressType=\"0\" uiFD_IP=\"%s\" usFD_Port=\"%s\" "
-    L"/></VariCfgSec>";
+constexpr Section<ServerRecord> kPttCentre{kPttCentreSection, kPttCentreBindings.rows};
 
 }  // namespace
 
@@ -54,12 +40,8 @@ int CDlgTabNetCfgPtt::Refresh() {
 
 int CDlgTabNetCfgPtt::Save() {
     if (!TakeSection(kPtt) || !TakeSection(kPttCentre)) return -1;
-    int result =
-        WriteChangedSection(kPtt, FillTemplate(kPttSetting, {Number(IDC_PTT_ENABLE), Text(IDC_PTT_GROUP_NUMBER)}));
-    if (result == 1) {
-        result = WriteChangedSection(
-            kPttCentre, FillTemplate(kPttCentreSetting, {Text(IDC_PTT_CENTRE_IP), Text(IDC_PTT_PORT)}));
-    }
+    int result = WriteChangedSection(kPtt);
+    if (result == 1) result = WriteChangedSection(kPttCentre);
     Redraw();
     return result == 1 ? 1 : 0;
 }

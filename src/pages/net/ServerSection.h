@@ -4,7 +4,7 @@
 #pragma once
 
 #include "pages/base/Section.h"
-#include "protocol/SectionRecords.h"
+#include "catalogue/NetworkCatalogue.h"
 
 struct ServerControls {
     int addressType;
@@ -19,11 +19,13 @@ struct ServerBindings {
 
 constexpr ServerBindings BindServer(const ServerControls& controls) {
     using varcfg::ServerRecord;
-    const auto addressType = VARCFG_BIND(ServerRecord, addressType, "ucFD_AddressType", Integer);
-    const auto domain = VARCFG_BIND(ServerRecord, domain, "strFD_Domain", Text);
+    using varcfg::BindAttribute;
+    using varcfg::kServerFields;
+    const auto addressType = BindAttribute(kServerFields, "ucFD_AddressType");
+    const auto domain = BindAttribute(kServerFields, "strFD_Domain");
     return {{controls.addressType != 0 ? addressType.InComboIndex(controls.addressType, varcfg::Unlisted::Clear)
                                        : addressType,
-             VARCFG_BIND(ServerRecord, ip, "uiFD_IP", Ip).InIpAddress(controls.ip),
+             BindAttribute(kServerFields, "uiFD_IP").InIpAddress(controls.ip),
              controls.domain != 0 ? domain.InText(controls.domain) : domain,
-             VARCFG_BIND(ServerRecord, port, "usFD_Port", Integer).InText(controls.port)}};
+             BindAttribute(kServerFields, "usFD_Port").InText(controls.port)}};
 }

@@ -1,0 +1,37 @@
+#include "catalogue/SectionCatalogue.h"
+
+#include <iterator>
+
+#include "catalogue/AlarmCatalogue.h"
+#include "catalogue/EncoderCatalogue.h"
+#include "catalogue/NetworkCatalogue.h"
+
+namespace varcfg {
+namespace {
+
+// In the order of the panel's menu and tabs.
+const SectionDeclaration* const kCatalogue[] = {
+    &kLocalEthSection, &kMobileSection,  &kPttSection,      &kPttCentreSection,
+    &kSubStreamSection, &kOsdSection,    &kRecordingSection,
+};
+
+}  // namespace
+
+AttributeRole SectionDeclaration::RoleOf(const char* attribute) const {
+    for (std::size_t i = 0; i < roleCount; ++i) {
+        if (SameName(roles[i].attribute, attribute)) return roles[i].role;
+    }
+    return AttributeRole::Setting;
+}
+
+const SectionDeclaration* const* CatalogueBegin() { return std::begin(kCatalogue); }
+const SectionDeclaration* const* CatalogueEnd() { return std::end(kCatalogue); }
+
+const SectionDeclaration* FindCatalogueSection(const char* name) {
+    for (const SectionDeclaration* section : kCatalogue) {
+        if (SameName(section->name, name)) return section;
+    }
+    return nullptr;
+}
+
+}  // namespace varcfg

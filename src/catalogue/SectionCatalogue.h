@@ -1,0 +1,115 @@
+// The section catalogue: every recorder section that a page reads or writes, declared once, as portable
+// data. A declaration names the section, says how it is asked for and in which records its answer
+// travels, lists its attributes (what the decoder reads), its setting templates with the source of each
+// placeholder, and which attributes belong to one vehicle or are secret. Pages bind their controls to a
+// declaration's attributes; the configuration library reads the same declarations.
+//
+//   inline constexpr Field<PttRecord> kPttFields[] = {
+//       VARCFG_FIELD(PttRecord, enable, "ucFD_Enable", Integer),
+//       VARCFG_FIELD(PttRecord, groupNo, "usFD_GroupNo", Integer),
+//   };
+//   inline constexpr PlaceholderSource kPttSources[] = {FromAttribute("ucFD_Enable"), FromAttribute("usFD_GroupNo")};
+//   inline constexpr SettingTemplate kPttSettings[] = {
+//       {L"<VariCfgSec Action=\"DEVICE_SET\"><stPtt ucFD_Enable=\"%d\" usFD_GroupNo=\"%s\" /></VariCfgSec>", kPttSources},
+//   };
+//   inline constexpr SectionDeclaration kPttSection{"stPtt", kPttFields, kPttSettings};
+//
+// Templates are literal: exactly the bytes the recorder expects, odd whitespace and unclosed elements
+// included.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+
+#include "protocol/RecordSize.h"
+#include "protocol/SectionDecoder.h"
+
+namespace varcfg {
+
+// Where one placeholder of a setting template takes its value.
+enum class SourceKind : uint8_t {
+    Attribute,  // the section's attribute, as the page or document holds it
+    Fixed,      // a value of the template's own
+};
+
+struct PlaceholderSource {
+    SourceKind kind;
+    const char* attribute;  // Attribute: the attribute's name as declared
+    long long value;        // Fixed: the value
+};
+
+constexpr PlaceholderSource FromAttribute(const char* attribute) { return {SourceKind::Attribute, attribute, 0}; }
+constexpr PlaceholderSource FixedValue(long long value) { return {SourceKind::Fixed, nullptr, value}; }
+
+// A setting as the recorder takes it: the literal template and its placeholders' sources, in order.
+struct SettingTemplate {
+    const wchar_t* text;
+    const PlaceholderSource* sources;
+    std::size_t sourceCount;
+
+    template <std::size_t N>
+    constexpr SettingTemplate(const wchar_t* literal, const PlaceholderSource (&placeholders)[N])
+        : text(literal), sources(placeholders), sourceCount(N) {}
+};
+
+// What an attribute's value is to a fleet: a setting that may go to any recorder, a value that belongs
+// to one vehicle (device number, addresses, plate, dial number), or a secret (passwords, keys).
+enum class AttributeRole : uint8_t { Setting, Identity, Secret };
+
+struct AttributeRoleEntry {
+    const char* attribute;
+    AttributeRole role;
+};
+
+// A section, whatever its record.
+struct SectionDeclaration {
+    const char* name;
+    FieldList attributes;
+    const SettingTemplate* settings;
+    std::size_t settingCount;
+    RecordSize recordSize;
+    const AttributeRoleEntry* roles;
+    std::size_t roleCount;
+
+    template <class Record, std::size_t A, std::size_t S>
+    constexpr SectionDeclaration(const char* sectionName, const Field<Record> (&fields)[A],
+                                 const SettingTemplate (&templates)[S], RecordSize size = RecordSize::Standard)
+        : name(sectionName), attributes(FieldTable<Record>(fields)), settings(templates), settingCount(S),
+          recordSize(size), roles(nullptr), roleCount(0) {}
+    template <class Record, std::size_t A, std::size_t S, std::size_t R>
+    constexpr SectionDeclaration(const char* sectionName, const Field<Record> (&fields)[A],
+                                 const SettingTemplate (&templates)[S], const AttributeRoleEntry (&attributeRoles)[R],
+                                 RecordSize size = RecordSize::Standard)
+        : name(sectionName), attributes(FieldTable<Record>(fields)), settings(templates), settingCount(S),
+          recordSize(size), roles(attributeRoles), roleCount(R) {}
+
+    // The attribute's role; Setting for one the declaration does not name.
+    AttributeRole RoleOf(const char* attribute) const;
+};
+
+// Names compare without regard to ASCII letter case, as the recorder's own do.
+constexpr bool SameName(const char* a, const char* b) {
+    for (;; ++a, ++b) {
+        const char x = *a >= 'A' && *a <= 'Z' ? static_cast<char>(*a - 'A' + 'a') : *a;
+        const char y = *b >= 'A' && *b <= 'Z' ? static_cast<char>(*b - 'A' + 'a') : *b;
+        if (x != y) return false;
+        if (x == '\0') return true;
+    }
+}
+
+// The declared field of an attribute, found when a constant is built: an attribute the table does not
+// declare stops the build.
+template <class Record, std::size_t N>
+constexpr const Field<Record>& DeclaredField(const Field<Record> (&fields)[N], const char* attribute) {
+    for (const Field<Record>& field : fields) {
+        if (field.attribute != nullptr && SameName(field.attribute, attribute)) return field;
+    }
+    throw "the attribute is not declared in the section's catalogue entry";
+}
+
+// Every declared section, in a stable order; and one by name (null when none).
+const SectionDeclaration* const* CatalogueBegin();
+const SectionDeclaration* const* CatalogueEnd();
+const SectionDeclaration* FindCatalogueSection(const char* name);
+
+}  // namespace varcfg

@@ -1,0 +1,75 @@
+// The section catalogue as data: each section declared once, each template's placeholders matched by
+// sources that the section can fill, roles naming attributes that exist.
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+#include "catalogue/SectionCatalogue.h"
+
+using namespace varcfg;
+
+namespace {
+
+// The printf conversions of a template ("%%" writes a percent sign and takes no value).
+std::size_t Conversions(const wchar_t* text) {
+    std::size_t count = 0;
+    for (const wchar_t* c = text; *c != L'\0'; ++c) {
+        if (*c != L'%') continue;
+        if (c[1] == L'%') {
+            ++c;
+            continue;
+        }
+        ++count;
+    }
+    return count;
+}
+
+bool Declares(const SectionDeclaration& section, const char* attribute) {
+    for (std::size_t a = 0; a < section.attributes.size(); ++a) {
+        if (SameName(section.attributes[a].attribute, attribute)) return true;
+    }
+    return false;
+}
+
+}  // namespace
+
+TEST(SectionCatalogue, EverySectionIsDeclaredOnceWithTemplatesItsAttributesCanFill) {
+    std::set<std::string> names;
+    for (auto entry = CatalogueBegin(); entry != CatalogueEnd(); ++entry) {
+        const SectionDeclaration& section = **entry;
+        SCOPED_TRACE(section.name);
+        EXPECT_TRUE(names.insert(section.name).second) << "declared twice";
+        EXPECT_EQ(FindCatalogueSection(section.name), &section);
+        ASSERT_GT(section.settingCount, 0u);
+        for (std::size_t t = 0; t < section.settingCount; ++t) {
+            const SettingTemplate& setting = section.settings[t];
+            EXPECT_EQ(Conversions(setting.text), setting.sourceCount) << "template " << t;
+            const std::string name = section.name;
+            EXPECT_NE(std::wstring(setting.text).find(std::wstring(name.begin(), name.end())), std::wstring::npos)
+                << "template " << t << " names its section";
+            for (std::size_t p = 0; p < setting.sourceCount; ++p) {
+                if (setting.sources[p].kind != SourceKind::Attribute) continue;
+                EXPECT_TRUE(Declares(section, setting.sources[p].attribute))
+                    << "template " << t << " placeholder " << p + 1 << ": " << setting.sources[p].attribute;
+            }
+        }
+        for (std::size_t r = 0; r < section.roleCount; ++r) {
+            EXPECT_TRUE(Declares(section, section.roles[r].attribute)) << section.roles[r].attribute;
+        }
+    }
+    EXPECT_EQ(FindCatalogueSection("stnosuchsection"), nullptr);
+    EXPECT_NE(FindCatalogueSection("STLOCALETH0"), nullptr) << "names compare without regard to case";
+}
+
+TEST(SectionCatalogue, VehicleValuesAndSecretsAreMarked) {
+    const SectionDeclaration* localEth = FindCatalogueSection("stLocalEth0");
+    const SectionDeclaration* mobile = FindCatalogueSection("stMobileGNet");
+    ASSERT_NE(localEth, nullptr);
+    ASSERT_NE(mobile, nullptr);
+    EXPECT_EQ(localEth->RoleOf("uiFD_LocalIp"), AttributeRole::Identity);
+    EXPECT_EQ(localEth->RoleOf("strfd_mac"), AttributeRole::Identity);
+    EXPECT_EQ(localEth->RoleOf("uiFD_NetMask"), AttributeRole::Setting);
+    EXPECT_EQ(mobile->RoleOf("strFD_UserPasswd"), AttributeRole::Secret);
+    EXPECT_EQ(mobile->RoleOf("strFD_Apn"), AttributeRole::Setting);
+}
