@@ -1,10 +1,30 @@
-// The network sections: local Ethernet, mobile dial-up, push-to-talk and its dispatch centre.
+// The network sections: network mode, local Ethernet, mobile dial-up, push-to-talk and its dispatch
+// centre, the 808 platform's servers, and the vehicle's registration.
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
 #include "protocol/SectionRecords.h"
 
 namespace varcfg {
+
+inline constexpr Field<NetWorkModeRecord> kNetWorkModeFields[] = {
+    VARCFG_FIELD(NetWorkModeRecord, netType, "ucFD_NetType", Integer),
+    VARCFG_FIELD(NetWorkModeRecord, enableHr808, "ucFD_EnableHR808", Integer),
+    VARCFG_FIELD(NetWorkModeRecord, gpsInterval, "usFD_GPSInterval", Integer),
+};
+inline constexpr PlaceholderSource kNetTypeSources[] = {FromAttribute("ucFD_NetType"),
+                                                        FromAttribute("usFD_GPSInterval")};
+inline constexpr PlaceholderSource k808LinkSources[] = {FromAttribute("ucFD_EnableHR808")};
+// The network host writes the network type with the GPS interval as read; the 808 page writes its
+// link switch alone.
+inline constexpr SettingTemplate kNetWorkModeSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stNetWorkMode ucFD_NetType=\"%d\" usFD_GPSInterval=\"%d\" /></VariCfgSec>",
+     kNetTypeSources},
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stNetWorkMode ucFD_EnableHR808=\"%d\" /></VariCfgSec>", k808LinkSources},
+};
+inline constexpr std::size_t kNetTypeSetting = 0;
+inline constexpr std::size_t k808LinkSetting = 1;
+inline constexpr SectionDeclaration kNetWorkModeSection{"stNetWorkMode", kNetWorkModeFields, kNetWorkModeSettings};
 
 inline constexpr Field<LocalEthRecord> kLocalEthFields[] = {
     VARCFG_FIELD(LocalEthRecord, dhcpEnableFlag, "ucFD_DhcpEnableFlag", Integer),
@@ -85,5 +105,74 @@ inline constexpr SettingTemplate kPttCentreSettings[] = {
      kPttCentreSources},
 };
 inline constexpr SectionDeclaration kPttCentreSection{"stPttDcn", kServerFields, kPttCentreSettings};
+
+inline constexpr PlaceholderSource k808ServerSources[] = {FromAttribute("ucFD_AddressType"), FromAttribute("uiFD_IP"),
+                                                          FromAttribute("strFD_Domain"), FromAttribute("usFD_Port")};
+// Both the IP address and the domain are sent; the recorder picks by the address type.
+inline constexpr SettingTemplate k808Server1Settings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><st808CMS1 ucFD_AddressType=\"%d\" uiFD_IP=\"%s\" strFD_Domain=\"%s\" "
+     L"usFD_Port=\"%s\" /></VariCfgSec>",
+     k808ServerSources},
+};
+inline constexpr SettingTemplate k808Server2Settings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><st808CMS2 ucFD_AddressType=\"%d\" uiFD_IP=\"%s\" strFD_Domain=\"%s\" "
+     L"usFD_Port=\"%s\" /></VariCfgSec>",
+     k808ServerSources},
+};
+inline constexpr SectionDeclaration k808Server1Section{"st808CMS1", kServerFields, k808Server1Settings};
+inline constexpr SectionDeclaration k808Server2Section{"st808CMS2", kServerFields, k808Server2Settings};
+
+// stCarInfo: the vehicle and terminal as a JT/T 808 platform registers them, and the licence plate.
+struct CarInfoRecord {
+    char phoneNumber[24];
+    char provincialId[8];
+    char cityDomainId[8];
+    int32_t carColor;  // strFD_CarColors, read as a number: the index of the plate colour
+    char terminalId[32];
+    char carVin[24];
+    char terminalType[24];
+    char deviceNum[32];
+    char carType[32];
+    char facturerId[16];
+    char drivingLicense[32];
+    char licensePlate[17];
+};
+inline constexpr Field<CarInfoRecord> kCarInfoFields[] = {
+    VARCFG_FIELD(CarInfoRecord, phoneNumber, "strFD_Phonenumber", Text),
+    VARCFG_FIELD(CarInfoRecord, provincialId, "strFD_ProvincialId", Text),
+    VARCFG_FIELD(CarInfoRecord, cityDomainId, "strFD_CityDomainId", Text),
+    VARCFG_FIELD(CarInfoRecord, carColor, "strFD_CarColors", Integer),
+    VARCFG_FIELD(CarInfoRecord, terminalId, "strFD_TerminalID", Text),
+    VARCFG_FIELD(CarInfoRecord, carVin, "strFD_CarVIN", Text),
+    VARCFG_FIELD(CarInfoRecord, terminalType, "strFD_TerminalType", Text),
+    VARCFG_FIELD(CarInfoRecord, deviceNum, "strFD_DeviceNum", Text),
+    VARCFG_FIELD(CarInfoRecord, carType, "strFD_CarType", Text),
+    VARCFG_FIELD(CarInfoRecord, facturerId, "strFD_FacturerID", Text),
+    VARCFG_FIELD(CarInfoRecord, drivingLicense, "strFD_DrivingLicense", Text),
+    VARCFG_FIELD(CarInfoRecord, licensePlate, "strFD_LicensePlate", Text),
+};
+inline constexpr PlaceholderSource kVehicleRegistrationSources[] = {
+    FromAttribute("strFD_Phonenumber"), FromAttribute("strFD_ProvincialId"), FromAttribute("strFD_CityDomainId"),
+    FromAttribute("strFD_CarColors"),   FromAttribute("strFD_TerminalID"),   FromAttribute("strFD_CarVIN"),
+    FromAttribute("strFD_TerminalType"), FromAttribute("strFD_DeviceNum"),   FromAttribute("strFD_CarType"),
+    FromAttribute("strFD_FacturerID"),  FromAttribute("strFD_DrivingLicense")};
+inline constexpr PlaceholderSource kLicensePlateSources[] = {FromAttribute("strFD_LicensePlate")};
+// The 808 page writes the registration, the plate colour as its list index although the attribute is a
+// text; the user security page writes the plate alone.
+inline constexpr SettingTemplate kCarInfoSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stCarInfo strFD_Phonenumber=\"%s\" strFD_ProvincialId=\"%s\" "
+     L"strFD_CityDomainId=\"%s\" strFD_CarColors=\"%d\" strFD_TerminalID=\"%s\" strFD_CarVIN=\"%s\" "
+     L"strFD_TerminalType=\"%s\" strFD_DeviceNum=\"%s\" strFD_CarType=\"%s\" strFD_FacturerID=\"%s\" "
+     L"strFD_DrivingLicense=\"%s\" /></VariCfgSec>",
+     kVehicleRegistrationSources},
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stCarInfo strFD_LicensePlate=\"%s\" /></VariCfgSec>", kLicensePlateSources},
+};
+inline constexpr std::size_t kVehicleRegistrationSetting = 0;
+inline constexpr std::size_t kLicensePlateSetting = 1;
+inline constexpr AttributeRoleEntry kCarInfoRoles[] = {
+    {"strFD_Phonenumber", AttributeRole::Identity}, {"strFD_TerminalID", AttributeRole::Identity},
+    {"strFD_CarVIN", AttributeRole::Identity},      {"strFD_DeviceNum", AttributeRole::Identity},
+    {"strFD_LicensePlate", AttributeRole::Identity}};
+inline constexpr SectionDeclaration kCarInfoSection{"stCarInfo", kCarInfoFields, kCarInfoSettings, kCarInfoRoles};
 
 }  // namespace varcfg

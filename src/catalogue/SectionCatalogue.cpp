@@ -5,14 +5,16 @@
 #include "catalogue/AlarmCatalogue.h"
 #include "catalogue/EncoderCatalogue.h"
 #include "catalogue/NetworkCatalogue.h"
+#include "catalogue/SystemCatalogue.h"
 
 namespace varcfg {
 namespace {
 
 // In the order of the panel's menu and tabs.
 const SectionDeclaration* const kCatalogue[] = {
-    &kLocalEthSection, &kMobileSection,  &kPttSection,      &kPttCentreSection,
-    &kSubStreamSection, &kOsdSection,    &kRecordingSection,
+    &kNetWorkModeSection, &kLocalEthSection,   &kMobileSection, &kPttSection,       &kPttCentreSection,
+    &kCarInfoSection,     &k808Server1Section, &k808Server2Section, &kSubStreamSection, &kOsdSection,
+    &kRecordingSection,   &kUserSecuritySection,
 };
 
 }  // namespace

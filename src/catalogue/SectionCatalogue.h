@@ -89,6 +89,7 @@ struct SectionDeclaration {
 
 // Names compare without regard to ASCII letter case, as the recorder's own do.
 constexpr bool SameName(const char* a, const char* b) {
+    if (a == nullptr || b == nullptr) return false;
     for (;; ++a, ++b) {
         const char x = *a >= 'A' && *a <= 'Z' ? static_cast<char>(*a - 'A' + 'a') : *a;
         const char y = *b >= 'A' && *b <= 'Z' ? static_cast<char>(*b - 'A' + 'a') : *b;

@@ -72,4 +72,6 @@ TEST(SectionCatalogue, VehicleValuesAndSecretsAreMarked) {
     EXPECT_EQ(localEth->RoleOf("uiFD_NetMask"), AttributeRole::Setting);
     EXPECT_EQ(mobile->RoleOf("strFD_UserPasswd"), AttributeRole::Secret);
     EXPECT_EQ(mobile->RoleOf("strFD_Apn"), AttributeRole::Setting);
+    EXPECT_EQ(FindCatalogueSection("stCarInfo")->RoleOf("strFD_LicensePlate"), AttributeRole::Identity);
+    EXPECT_EQ(FindCatalogueSection("stUserSec")->RoleOf("strFD_AdminPasswd"), AttributeRole::Secret);
 }

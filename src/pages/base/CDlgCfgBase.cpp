@@ -157,25 +157,40 @@ std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row) const
             args.emplace_back(source.value);
             continue;
         }
-        const ViewRule* view = nullptr;
-        for (std::size_t b = 0; b < section.bindings.size() && view == nullptr; ++b) {
+        // A shown attribute gives its control's value; one the page decodes but does not show gives
+        // its value as last read.
+        const BindingData* shown = nullptr;
+        const BindingData* kept = nullptr;
+        for (std::size_t b = 0; b < section.bindings.size() && shown == nullptr; ++b) {
             const BindingData& binding = section.bindings[b];
-            if (binding.view.show != Show::None && binding.field.attribute != nullptr &&
-                SameName(binding.field.attribute, source.attribute)) {
-                view = &binding.view;
+            if (binding.field.attribute == nullptr || !SameName(binding.field.attribute, source.attribute)) continue;
+            if (binding.view.show != Show::None) {
+                shown = &binding;
+            } else if (kept == nullptr) {
+                kept = &binding;
             }
         }
-        if (view == nullptr) {
-            args.emplace_back(L"");
-            continue;
-        }
-        const ShownValue& value = Value(view->control + row);
-        const bool asText = view->show == Show::Text || view->show == Show::IpAddress ||
-                            view->show == Show::Decimal || view->show == Show::DateTime;
-        if (asText) {
-            args.emplace_back(std::wstring_view(value.text));
+        if (shown != nullptr) {
+            const ViewRule& view = shown->view;
+            const ShownValue& value = Value(view.control + row);
+            const bool asText = view.show == Show::Text || view.show == Show::IpAddress ||
+                                view.show == Show::Decimal || view.show == Show::DateTime;
+            if (asText) {
+                args.emplace_back(std::wstring_view(value.text));
+            } else {
+                args.emplace_back(value.number);
+            }
+        } else if (kept != nullptr) {
+            static const ShownValue kNeverRead;
+            const auto found = kept_.find({kept, row});
+            const ShownValue& value = found != kept_.end() ? found->second : kNeverRead;
+            if (kept->field.kind == FieldKind::Integer) {
+                args.emplace_back(value.number);
+            } else {
+                args.emplace_back(std::wstring_view(value.text));
+            }
         } else {
-            args.emplace_back(value.number);
+            args.emplace_back(L"");
         }
     }
     return FillTemplate(setting.text, args.data(), args.size());
@@ -186,7 +201,10 @@ void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char*
     DataExchange readBack(*this, true);
     for (std::size_t i = 0; i < bindings.size(); ++i) {
         const BindingData& binding = bindings[i];
-        if (binding.view.show == Show::None) continue;
+        if (binding.view.show == Show::None) {
+            if (binding.field.attribute != nullptr) kept_[{&binding, row}] = MemberValue(binding.field, record + binding.field.offset);
+            continue;
+        }
         const int control = binding.view.control + row;
         ShownValue value = MemberValue(binding.field, record + binding.field.offset);
         if (binding.view.show == Show::Check) value.number = (value.number != 0) != binding.view.inverted ? 1 : 0;

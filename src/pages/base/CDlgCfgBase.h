@@ -17,6 +17,7 @@
 #include <cstddef>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/TemplateText.h"
@@ -186,4 +187,6 @@ private:
     int loaded_ = 0;
     std::map<int, ShownValue> values_;
     std::map<int, ShownValue> baseline_;
+    // Values of attributes decoded but not shown, as last read, by binding and row.
+    std::map<std::pair<const varcfg::BindingData*, int>, ShownValue> kept_;
 };

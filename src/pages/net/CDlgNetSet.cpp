@@ -6,6 +6,7 @@
 #include "pages/net/CDlgTabNetCfgLocal.h"
 #include "pages/net/CDlgTabNetCfgPtt.h"
 #include "pages/net/CDlgTabNetCfgWifi.h"
+#include "catalogue/NetworkCatalogue.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -17,14 +18,12 @@ namespace {
 // The links the recorder can use for its network, in the order of ucFD_NetType: wired, Wi-Fi, mobile.
 constexpr uint32_t kNetTypeTextIds[] = {16000, 16009, 16016};
 
+// The GPS interval is not edited here: it goes back as read.
 constexpr Binding<NetWorkModeRecord> kNetWorkModeBindings[] = {
-    VARCFG_BIND(NetWorkModeRecord, netType, "ucFD_NetType", Integer).InComboIndex(IDC_NET_TYPE, Unlisted::Clear),
-    VARCFG_BIND(NetWorkModeRecord, gpsInterval, "usFD_GPSInterval", Integer),
+    BindAttribute(kNetWorkModeFields, "ucFD_NetType").InComboIndex(IDC_NET_TYPE, Unlisted::Clear),
+    BindAttribute(kNetWorkModeFields, "usFD_GPSInterval"),
 };
-constexpr Section<NetWorkModeRecord> kNetWorkMode{"stNetWorkMode", kNetWorkModeBindings};
-
-constexpr wchar_t kNetWorkModeSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stNetWorkMode ucFD_NetType=\"%d\" usFD_GPSInterval=\"%d\" /></VariCfgSec>";
+constexpr Section<NetWorkModeRecord> kNetWorkMode{kNetWorkModeSection, kNetWorkModeBindings, kNetTypeSetting};
 
 }  // namespace
 
@@ -48,7 +47,7 @@ BOOL CDlgNetSet::OnInitDialog() {
 std::vector<SectionInfo> CDlgNetSet::DeclaredSections() const { return {Info(kNetWorkMode)}; }
 
 int CDlgNetSet::Refresh() {
-    const int modeResult = LoadSection(kNetWorkMode, mode_);
+    const int modeResult = LoadSection(kNetWorkMode);
     CDlgCfgBase* page = SelectedPage();
     const int result = page != nullptr ? page->Refresh() : modeResult;
     Redraw();
@@ -58,7 +57,7 @@ int CDlgNetSet::Refresh() {
 int CDlgNetSet::Save() {
     if (!TakeSection(kNetWorkMode)) return -1;
     if (SectionChanged(kNetWorkMode)) {
-        if (SendSetting(FillTemplate(kNetWorkModeSetting, {Number(IDC_NET_TYPE), mode_.gpsInterval})) != 1) {
+        if (SendSection(kNetWorkMode) != 1) {
             Redraw();
             return 0;
         }

@@ -18,8 +18,4 @@ public:
 
 protected:
     BOOL OnInitDialog() override;
-
-private:
-    // The GPS interval is not edited here: it is sent back as the recorder last reported it.
-    varcfg::NetWorkModeRecord mode_{};
 };

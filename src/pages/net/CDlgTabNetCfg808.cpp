@@ -1,7 +1,6 @@
 #include "pages/net/CDlgTabNetCfg808.h"
 
 #include "pages/net/ServerSection.h"
-#include "protocol/SectionRecords.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -10,64 +9,33 @@ using namespace varcfg;
 
 namespace {
 
-// stCarInfo: the vehicle and terminal as a JT/T 808 platform registers them.
-struct CarInfoRecord {
-    char phoneNumber[24];
-    char provincialId[8];
-    char cityDomainId[8];
-    int32_t carColor;  // strFD_CarColors, read as a number: the index of the plate colour
-    char terminalId[32];
-    char carVin[24];
-    char terminalType[24];
-    char deviceNum[32];
-    char carType[32];
-    char facturerId[16];
-    char drivingLicense[32];
-};
-
 constexpr Binding<NetWorkModeRecord> kLinkBindings[] = {
-    VARCFG_BIND(NetWorkModeRecord, enableHr808, "ucFD_EnableHR808", Integer).InCheck(IDC_808_ENABLE),
+    BindAttribute(kNetWorkModeFields, "ucFD_EnableHR808").InCheck(IDC_808_ENABLE),
 };
-constexpr Section<NetWorkModeRecord> kLink{"stNetWorkMode", kLinkBindings};
+constexpr Section<NetWorkModeRecord> kLink{kNetWorkModeSection, kLinkBindings, k808LinkSetting};
 
 constexpr Binding<CarInfoRecord> kCarInfoBindings[] = {
-    VARCFG_BIND(CarInfoRecord, phoneNumber, "strFD_Phonenumber", Text).InText(IDC_808_PHONE),
-    VARCFG_BIND(CarInfoRecord, provincialId, "strFD_ProvincialId", Text).InText(IDC_808_PROVINCE),
-    VARCFG_BIND(CarInfoRecord, cityDomainId, "strFD_CityDomainId", Text).InText(IDC_808_CITY),
-    VARCFG_BIND(CarInfoRecord, carColor, "strFD_CarColors", Integer).InComboIndex(IDC_808_PLATE_COLOUR, Unlisted::Clear),
-    VARCFG_BIND(CarInfoRecord, terminalId, "strFD_TerminalID", Text).InText(IDC_808_TERMINAL_ID),
-    VARCFG_BIND(CarInfoRecord, carVin, "strFD_CarVIN", Text).InText(IDC_808_VIN),
-    VARCFG_BIND(CarInfoRecord, terminalType, "strFD_TerminalType", Text).InText(IDC_808_TERMINAL_TYPE),
-    VARCFG_BIND(CarInfoRecord, deviceNum, "strFD_DeviceNum", Text).InText(IDC_808_DEVICE_NUMBER),
-    VARCFG_BIND(CarInfoRecord, carType, "strFD_CarType", Text).InText(IDC_808_VEHICLE_TYPE),
-    VARCFG_BIND(CarInfoRecord, facturerId, "strFD_FacturerID", Text).InText(IDC_808_MANUFACTURER),
-    VARCFG_BIND(CarInfoRecord, drivingLicense, "strFD_DrivingLicense", Text).InText(IDC_808_DRIVING_LICENCE),
+    BindAttribute(kCarInfoFields, "strFD_Phonenumber").InText(IDC_808_PHONE),
+    BindAttribute(kCarInfoFields, "strFD_ProvincialId").InText(IDC_808_PROVINCE),
+    BindAttribute(kCarInfoFields, "strFD_CityDomainId").InText(IDC_808_CITY),
+    BindAttribute(kCarInfoFields, "strFD_CarColors").InComboIndex(IDC_808_PLATE_COLOUR, Unlisted::Clear),
+    BindAttribute(kCarInfoFields, "strFD_TerminalID").InText(IDC_808_TERMINAL_ID),
+    BindAttribute(kCarInfoFields, "strFD_CarVIN").InText(IDC_808_VIN),
+    BindAttribute(kCarInfoFields, "strFD_TerminalType").InText(IDC_808_TERMINAL_TYPE),
+    BindAttribute(kCarInfoFields, "strFD_DeviceNum").InText(IDC_808_DEVICE_NUMBER),
+    BindAttribute(kCarInfoFields, "strFD_CarType").InText(IDC_808_VEHICLE_TYPE),
+    BindAttribute(kCarInfoFields, "strFD_FacturerID").InText(IDC_808_MANUFACTURER),
+    BindAttribute(kCarInfoFields, "strFD_DrivingLicense").InText(IDC_808_DRIVING_LICENCE),
 };
-constexpr Section<CarInfoRecord> kCarInfo{"stCarInfo", kCarInfoBindings};
+constexpr Section<CarInfoRecord> kCarInfo{kCarInfoSection, kCarInfoBindings, kVehicleRegistrationSetting};
 
 constexpr ServerBindings kServer1Bindings =
     BindServer({IDC_808_SERVER1_TYPE, IDC_808_SERVER1_IP, IDC_808_SERVER1_DOMAIN, IDC_808_SERVER1_PORT});
-constexpr Section<ServerRecord> kServer1{"st808CMS1", kServer1Bindings.rows};
+constexpr Section<ServerRecord> kServer1{k808Server1Section, kServer1Bindings.rows};
 
 constexpr ServerBindings kServer2Bindings =
     BindServer({IDC_808_SERVER2_TYPE, IDC_808_SERVER2_IP, IDC_808_SERVER2_DOMAIN, IDC_808_SERVER2_PORT});
-constexpr Section<ServerRecord> kServer2{"st808CMS2", kServer2Bindings.rows};
-
-constexpr wchar_t kLinkSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stNetWorkMode ucFD_EnableHR808=\"%d\" /></VariCfgSec>";
-// The plate colour goes as its list index, although the attribute is a text.
-constexpr wchar_t kCarInfoSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stCarInfo strFD_Phonenumber=\"%s\" strFD_ProvincialId=\"%s\" "
-    L"strFD_CityDomainId=\"%s\" strFD_CarColors=\"%d\" strFD_TerminalID=\"%s\" strFD_CarVIN=\"%s\" "
-    L"strFD_TerminalType=\"%s\" strFD_DeviceNum=\"%s\" strFD_CarType=\"%s\" strFD_FacturerID=\"%s\" "
-    L"strFD_DrivingLicense=\"%s\" /></VariCfgSec>";
-// Both the IP address and the domain are sent; the recorder picks by the address type.
-constexpr wchar_t kServer1Setting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><st808CMS1 ucFD_AddressType=\"%d\" uiFD_IP=\"%s\" strFD_Domain=\"%s\" "
-    L"usFD_Port=\"%s\" /></VariCfgSec>";
-constexpr wchar_t kServer2Setting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><st808CMS2 ucFD_AddressType=\"%d\" uiFD_IP=\"%s\" strFD_Domain=\"%s\" "
-    L"usFD_Port=\"%s\" /></VariCfgSec>";
+constexpr Section<ServerRecord> kServer2{k808Server2Section, kServer2Bindings.rows};
 
 // Plate colours by list index, which is the value sent.
 constexpr uint32_t kPlateColourTextIds[] = {17023, 17021, 17022, 17024};
@@ -114,21 +82,9 @@ int CDlgTabNetCfg808::Refresh() {
 
 int CDlgTabNetCfg808::Save() {
     if (!TakeSection(kLink) || !TakeSection(kCarInfo) || !TakeSection(kServer1) || !TakeSection(kServer2)) return -1;
-    int result = WriteChangedSection(kLink, FillTemplate(kLinkSetting, {Number(IDC_808_ENABLE)}));
-    if (result == 1) {
-        result = WriteChangedSection(
-            kCarInfo, FillTemplate(kCarInfoSetting,
-                                   {Text(IDC_808_PHONE), Text(IDC_808_PROVINCE), Text(IDC_808_CITY),
-                                    Number(IDC_808_PLATE_COLOUR), Text(IDC_808_TERMINAL_ID), Text(IDC_808_VIN),
-                                    Text(IDC_808_TERMINAL_TYPE), Text(IDC_808_DEVICE_NUMBER),
-                                    Text(IDC_808_VEHICLE_TYPE), Text(IDC_808_MANUFACTURER),
-                                    Text(IDC_808_DRIVING_LICENCE)}));
-    }
-    if (result == 1) {
-        result = WriteChangedSection(
-            kServer1, FillTemplate(kServer1Setting, {Number(IDC_808_SERVER1_TYPE), Text(IDC_808_SERVER1_IP),
-                                                     Text(IDC_808_SERVER1_DOMAIN), Text(IDC_808_SERVER1_PORT)}));
-    }
+    int result = WriteChangedSection(kLink);
+    if (result == 1) result = WriteChangedSection(kCarInfo);
+    if (result == 1) result = WriteChangedSection(kServer1);
     // Server 2's address and port are compared with server 1's accepted ones, not with its own: with two
     // different servers it is written on every save. Kept: a second write of the same server is harmless.
     const bool server2Unchanged = Text(IDC_808_SERVER2_IP) == Baseline(IDC_808_SERVER1_IP).text &&
@@ -136,8 +92,7 @@ int CDlgTabNetCfg808::Save() {
                                   Value(IDC_808_SERVER2_TYPE) == Baseline(IDC_808_SERVER2_TYPE) &&
                                   Value(IDC_808_SERVER2_DOMAIN) == Baseline(IDC_808_SERVER2_DOMAIN);
     if (result == 1 && !server2Unchanged) {
-        result = SendSetting(FillTemplate(kServer2Setting, {Number(IDC_808_SERVER2_TYPE), Text(IDC_808_SERVER2_IP),
-                                                            Text(IDC_808_SERVER2_DOMAIN), Text(IDC_808_SERVER2_PORT)}));
+        result = SendSection(kServer2);
         if (result == 1) AcceptSection(kServer2);
     }
     Redraw();

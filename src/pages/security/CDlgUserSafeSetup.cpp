@@ -1,5 +1,7 @@
 #include "pages/security/CDlgUserSafeSetup.h"
 
+#include "catalogue/NetworkCatalogue.h"
+#include "catalogue/SystemCatalogue.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -9,45 +11,23 @@ using namespace varcfg;
 
 namespace {
 
-struct CarInfoRecord {
-    char licensePlate[17];
-};
-
-struct UserSecurityRecord {
-    uint8_t passwordEnable;
-    char userPassword[7];
-    char adminPassword[7];
-};
-
 constexpr std::size_t kPlateLimit = 16;
 constexpr std::size_t kPasswordLimit = 6;
 
 constexpr Binding<CarInfoRecord> kCarInfoBindings[] = {
-    VARCFG_BIND(CarInfoRecord, licensePlate, "strFD_LicensePlate", Text).InText(IDC_SECURITY_PLATE, kPlateLimit),
+    BindAttribute(kCarInfoFields, "strFD_LicensePlate").InText(IDC_SECURITY_PLATE, kPlateLimit),
 };
-constexpr Section<CarInfoRecord> kCarInfo{"stCarInfo", kCarInfoBindings};
+constexpr Section<CarInfoRecord> kCarInfo{kCarInfoSection, kCarInfoBindings, kLicensePlateSetting};
 
 // Each password is shown in its field and in its confirmation.
 constexpr Binding<UserSecurityRecord> kUserSecurityBindings[] = {
-    VARCFG_BIND(UserSecurityRecord, passwordEnable, "ucFD_PWEnableFlag", Integer)
-        .InComboIndex(IDC_SECURITY_PASSWORD_ENABLE, Unlisted::Clear),
-    VARCFG_BIND(UserSecurityRecord, userPassword, "strFD_NormalPasswd", Text)
-        .InText(IDC_SECURITY_USER_PASSWORD, kPasswordLimit),
-    VARCFG_BIND(UserSecurityRecord, userPassword, "strFD_NormalPasswd", Text)
-        .InText(IDC_SECURITY_USER_CONFIRM, kPasswordLimit),
-    VARCFG_BIND(UserSecurityRecord, adminPassword, "strFD_AdminPasswd", Text)
-        .InText(IDC_SECURITY_ADMIN_PASSWORD, kPasswordLimit),
-    VARCFG_BIND(UserSecurityRecord, adminPassword, "strFD_AdminPasswd", Text)
-        .InText(IDC_SECURITY_ADMIN_CONFIRM, kPasswordLimit),
+    BindAttribute(kUserSecurityFields, "ucFD_PWEnableFlag").InComboIndex(IDC_SECURITY_PASSWORD_ENABLE, Unlisted::Clear),
+    BindAttribute(kUserSecurityFields, "strFD_NormalPasswd").InText(IDC_SECURITY_USER_PASSWORD, kPasswordLimit),
+    BindAttribute(kUserSecurityFields, "strFD_NormalPasswd").InText(IDC_SECURITY_USER_CONFIRM, kPasswordLimit),
+    BindAttribute(kUserSecurityFields, "strFD_AdminPasswd").InText(IDC_SECURITY_ADMIN_PASSWORD, kPasswordLimit),
+    BindAttribute(kUserSecurityFields, "strFD_AdminPasswd").InText(IDC_SECURITY_ADMIN_CONFIRM, kPasswordLimit),
 };
-constexpr Section<UserSecurityRecord> kUserSecurity{"stUserSec", kUserSecurityBindings};
-
-constexpr wchar_t kCarInfoSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stCarInfo strFD_LicensePlate=\"%s\" /></VariCfgSec>";
-// The section element stays open: the recorder accepts this form.
-constexpr wchar_t kUserSecuritySetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stUserSec ucFD_PWEnableFlag=\"%d\" strFD_NormalPasswd=\"%s\" "
-    L"strFD_AdminPasswd=\"%s\"></VariCfgSec>";
+constexpr Section<UserSecurityRecord> kUserSecurity{kUserSecuritySection, kUserSecurityBindings};
 
 }  // namespace
 
@@ -114,15 +94,12 @@ int CDlgUserSafeSetup::Save() {
     if (!TakeSection(kCarInfo) || !TakeSection(kUserSecurity) || !Validate()) return 0;
     int result = 1;
     if (SectionChanged(kCarInfo)) {
-        const int plateResult = SendSetting(FillTemplate(kCarInfoSetting, {Text(IDC_SECURITY_PLATE)}));
+        const int plateResult = SendSection(kCarInfo);
         if (plateResult == -1) result = 0;
         if (plateResult == 1) AcceptSection(kCarInfo);
     }
     if (result == 1 && SectionChanged(kUserSecurity)) {
-        const int passwordResult =
-            SendSetting(FillTemplate(kUserSecuritySetting, {Number(IDC_SECURITY_PASSWORD_ENABLE),
-                                                            Text(IDC_SECURITY_USER_PASSWORD),
-                                                            Text(IDC_SECURITY_ADMIN_PASSWORD)}));
+        const int passwordResult = SendSection(kUserSecurity);
         if (passwordResult == -1) result = 0;
         if (passwordResult == 1) AcceptSection(kUserSecurity);
     }
