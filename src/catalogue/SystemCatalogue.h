@@ -1,9 +1,66 @@
-// The system sections: user security.
+// The system sections: speed, parking and fatigue alarms, user security.
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
 
 namespace varcfg {
+
+// stSpeedAlarm: the low-speed, over-speed, parking-overtime and fatigue-driving alarms.
+struct SpeedAlarmRecord {
+    uint8_t lowSpeedEnable;
+    uint8_t lowSpeedUnit;
+    uint16_t lowSpeed;
+    uint16_t clearLowSpeed;
+    uint16_t lowDuration;
+    uint8_t overSpeedEnable;
+    uint8_t overSpeedUnit;
+    uint16_t overSpeed;
+    uint16_t clearOverSpeed;
+    uint16_t overDuration;
+    uint8_t parkingEnable;
+    uint8_t parkingTimeUnit;
+    uint32_t parkingOvertime;
+    uint8_t fatigueEnable;
+    uint16_t drivingTime;  // minutes
+    uint16_t restTime;     // minutes
+};
+inline constexpr Field<SpeedAlarmRecord> kSpeedAlarmFields[] = {
+    VARCFG_FIELD(SpeedAlarmRecord, lowSpeedEnable, "ucFD_LowSpeedIsEnable", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, lowSpeedUnit, "ucFD_LowSpeedUnit", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, lowSpeed, "usFD_LowSpeed", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, clearLowSpeed, "usFD_ClearLowSpeed", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, lowDuration, "usFD_LowDurTime", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, overSpeedEnable, "ucFD_OverSpeedIsEnable", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, overSpeedUnit, "ucFD_OverSpeedUnit", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, overSpeed, "usFD_OverSpeed", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, clearOverSpeed, "usFD_ClearOverSpeed", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, overDuration, "usFD_OverDurTime", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, parkingEnable, "ucFD_PeakingIsEnable", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, parkingTimeUnit, "ucFD_TimeUnit", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, parkingOvertime, "uiFD_OverTime", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, fatigueEnable, "ucFD_FatigueEnable", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, drivingTime, "usFD_DrivingTime", Integer),
+    VARCFG_FIELD(SpeedAlarmRecord, restTime, "usFD_RestTime", Integer),
+};
+// The overtime goes into both overtime attributes: the recorder reads one or the other.
+inline constexpr PlaceholderSource kSpeedAlarmSources[] = {
+    FromAttribute("ucFD_LowSpeedIsEnable"), FromAttribute("ucFD_LowSpeedUnit"),     FromAttribute("usFD_LowSpeed"),
+    FromAttribute("usFD_ClearLowSpeed"),    FromAttribute("usFD_LowDurTime"),       FromAttribute("ucFD_OverSpeedIsEnable"),
+    FromAttribute("ucFD_OverSpeedUnit"),    FromAttribute("usFD_OverSpeed"),        FromAttribute("usFD_ClearOverSpeed"),
+    FromAttribute("usFD_OverDurTime"),      FromAttribute("ucFD_PeakingIsEnable"),  FromAttribute("ucFD_TimeUnit"),
+    FromAttribute("uiFD_OverTime"),         FromAttribute("uiFD_OverTime"),         FromAttribute("ucFD_FatigueEnable"),
+    FromAttribute("usFD_DrivingTime"),      FromAttribute("usFD_RestTime")};
+inline constexpr SettingTemplate kSpeedAlarmSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stSpeedAlarm ucFD_LowSpeedIsEnable=\"%d\" ucFD_LowSpeedUnit=\"%d\" "
+     L"usFD_LowSpeed=\"%s\" usFD_ClearLowSpeed=\"%s\" usFD_LowDurTime=\"%s\" ucFD_OverSpeedIsEnable=\"%d\" "
+     L"ucFD_OverSpeedUnit=\"%d\" usFD_OverSpeed=\"%s\" usFD_ClearOverSpeed=\"%s\" usFD_OverDurTime=\"%s\" "
+     L"ucFD_PeakingIsEnable=\"%d\" ucFD_TimeUnit=\"%d\" uiFD_OverTime=\"%s\" usFD_OverTime=\"%s\" "
+     L"ucFD_FatigueEnable=\"%d\" usFD_DrivingTime=\"%d\" usFD_RestTime=\"%d\" /></VariCfgSec>",
+     kSpeedAlarmSources},
+};
+// The recorder's answer to this query may be longer than the standard record holds.
+inline constexpr SectionDeclaration kSpeedAlarmSection{"stSpeedAlarm", kSpeedAlarmFields, kSpeedAlarmSettings,
+                                                       RecordSize::Large};
 
 // stUserSec: password protection.
 struct UserSecurityRecord {

@@ -77,7 +77,7 @@ void Exchange(DataExchange& dx, const ViewRule& view, int control, ShownValue& v
             dx.Text(control, value.text, static_cast<std::size_t>(view.max));
             break;
         case Show::Number:
-            dx.Number(control, value.number, view.min, view.max, &value.text);
+            dx.Number(control, value.number, view.min, view.max, &value.text, view.keepsOutOfRange);
             break;
         case Show::Decimal:
             dx.Decimal(control, value.text, view.realMin, view.realMax);

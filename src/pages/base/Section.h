@@ -45,6 +45,7 @@ struct ViewRule {
     Unlisted unlisted = Unlisted::Clear;  // lists: a member value that no entry offers
     long long unselected = -1;    // ComboData: the value taken when nothing is selected
     bool inverted = false;        // Check: ticked when the member is zero
+    bool keepsOutOfRange = false; // Number: a whole number outside the range is taken, then refused
 };
 
 // One attribute of a section and the control that shows it, for any record.
@@ -85,6 +86,13 @@ struct Binding : BindingData {
         return binding;
     }
     constexpr Binding InDateTime(int control) const { return With(control, Show::DateTime, 0, 0); }
+    // Number rules only: a typed whole number outside the range is taken before it is refused, for
+    // pages whose save goes on after a refusal and sends what was typed.
+    constexpr Binding KeepingOutOfRange() const {
+        Binding binding = *this;
+        binding.view.keepsOutOfRange = true;
+        return binding;
+    }
     // Text members only: a text of fewer or more characters stops the decoding of the section.
     constexpr Binding AcceptingTextLength(std::size_t minLength, std::size_t maxLength) const {
         Binding binding = *this;

@@ -19,8 +19,4 @@ public:
 
 protected:
     BOOL OnInitDialog() override;
-
-private:
-    long long drivingTime_ = 0;
-    long long restTime_ = 0;
 };

@@ -72,7 +72,8 @@ void DataExchange::Text(int id, std::wstring& value, std::size_t limit) {
     }
 }
 
-void DataExchange::Number(int id, long long& value, long long min, long long max, std::wstring* text) {
+void DataExchange::Number(int id, long long& value, long long min, long long max, std::wstring* text,
+                          bool keepOutOfRange) {
     if (Skip()) return;
     if (!save_) {
         const std::wstring shown = text != nullptr ? *text : std::to_wstring(value);
@@ -85,12 +86,13 @@ void DataExchange::Number(int id, long long& value, long long min, long long max
         Fail(id, min >= 0 ? L"Please enter a positive integer." : L"Please enter an integer.");
         return;
     }
-    if (parsed < min || parsed > max) {
+    if ((parsed < min || parsed > max) && !keepOutOfRange) {
         Fail(id, RangeMessage(min, max));
         return;
     }
     value = parsed;
     if (text != nullptr) *text = typed;
+    if (parsed < min || parsed > max) Fail(id, RangeMessage(min, max));
 }
 
 void DataExchange::Text(int id, uint32_t& value, uint32_t min, uint32_t max) {

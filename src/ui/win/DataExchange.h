@@ -38,8 +38,10 @@ public:
     // and a longer text taken back is refused ("Please enter no more than 16 characters.").
     void Text(int id, std::wstring& value, std::size_t limit = 0);
     // A whole decimal number in [min, max] ("Please enter an integer between 0 and 65535."). The
-    // typed text is kept in text when one is given.
-    void Number(int id, long long& value, long long min, long long max, std::wstring* text = nullptr);
+    // typed text is kept in text when one is given. With keepOutOfRange, a whole number outside the
+    // range is taken before it is refused.
+    void Number(int id, long long& value, long long min, long long max, std::wstring* text = nullptr,
+                bool keepOutOfRange = false);
     void Text(int id, uint32_t& value, uint32_t min, uint32_t max);
     void Text(int id, int32_t& value, int32_t min, int32_t max);
     // Digits and points (see IsDecimalString) for a number in [min, max]; the value stays text, as
