@@ -3,15 +3,10 @@
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
-#include "protocol/SectionRecords.h"
+#include "protocol/SectionFields.h"
 
 namespace varcfg {
 
-inline constexpr Field<NetWorkModeRecord> kNetWorkModeFields[] = {
-    VARCFG_FIELD(NetWorkModeRecord, netType, "ucFD_NetType", Integer),
-    VARCFG_FIELD(NetWorkModeRecord, enableHr808, "ucFD_EnableHR808", Integer),
-    VARCFG_FIELD(NetWorkModeRecord, gpsInterval, "usFD_GPSInterval", Integer),
-};
 inline constexpr PlaceholderSource kNetTypeSources[] = {FromAttribute("ucFD_NetType"),
                                                         FromAttribute("usFD_GPSInterval")};
 inline constexpr PlaceholderSource k808LinkSources[] = {FromAttribute("ucFD_EnableHR808")};
@@ -90,13 +85,6 @@ inline constexpr SettingTemplate kPttSettings[] = {
 inline constexpr SectionDeclaration kPttSection{"stPtt", kPttFields, kPttSettings};
 
 // The server sections (stCMS, st808CMS1, st808CMS2, stPttDcn) share one record and attribute list.
-inline constexpr Field<ServerRecord> kServerFields[] = {
-    VARCFG_FIELD(ServerRecord, addressType, "ucFD_AddressType", Integer),
-    VARCFG_FIELD(ServerRecord, ip, "uiFD_IP", Ip),
-    VARCFG_FIELD(ServerRecord, domain, "strFD_Domain", Text),
-    VARCFG_FIELD(ServerRecord, port, "usFD_Port", Integer),
-};
-
 inline constexpr PlaceholderSource kPttCentreSources[] = {FromAttribute("uiFD_IP"), FromAttribute("usFD_Port")};
 // The dispatch centre is always given by its IP address.
 inline constexpr SettingTemplate kPttCentreSettings[] = {

@@ -14,7 +14,7 @@ namespace {
 const SectionDeclaration* const kCatalogue[] = {
     &kNetWorkModeSection, &kLocalEthSection,   &kMobileSection, &kPttSection,       &kPttCentreSection,
     &kCarInfoSection,     &k808Server1Section, &k808Server2Section, &kSubStreamSection, &kOsdSection,
-    &kRecordingSection,   &kSpeedAlarmSection, &kUserSecuritySection,
+    &kRecordingSection,   &kSpeedAlarmSection, &kUserSecuritySection, &kBaseInfoSection, &kPowerSection,
 };
 
 }  // namespace

@@ -32,14 +32,45 @@ enum class SourceKind : uint8_t {
     Fixed,      // a value of the template's own
 };
 
+// How an attribute's number becomes the placeholder's value.
+enum class Conversion : uint8_t {
+    None,
+    Scaled,  // times the factor: a list index that stands for steps of minutes
+    Flag,    // 1 when the value is not 0, else 0: a switch implied by a value
+};
+
 struct PlaceholderSource {
     SourceKind kind;
     const char* attribute;  // Attribute: the attribute's name as declared
-    long long value;        // Fixed: the value
+    long long value;        // Fixed: the value; Scaled: the factor
+    Conversion conversion;
+    bool stored;            // the number as the attribute's record member holds it (cut to its width)
+
+    constexpr PlaceholderSource Scaled(long long factor) const {
+        return {kind, attribute, factor, Conversion::Scaled, stored};
+    }
+    constexpr PlaceholderSource AsFlag() const { return {kind, attribute, 0, Conversion::Flag, stored}; }
+    // For settings built from a record: a list without a selection (-1) goes out as 255 in an 8-bit member.
+    constexpr PlaceholderSource AsStored() const { return {kind, attribute, value, conversion, true}; }
+    // The number a value converts to.
+    constexpr long long Convert(long long number) const {
+        switch (conversion) {
+            case Conversion::Scaled:
+                return number * value;
+            case Conversion::Flag:
+                return number != 0 ? 1 : 0;
+            default:
+                return number;
+        }
+    }
 };
 
-constexpr PlaceholderSource FromAttribute(const char* attribute) { return {SourceKind::Attribute, attribute, 0}; }
-constexpr PlaceholderSource FixedValue(long long value) { return {SourceKind::Fixed, nullptr, value}; }
+constexpr PlaceholderSource FromAttribute(const char* attribute) {
+    return {SourceKind::Attribute, attribute, 0, Conversion::None, false};
+}
+constexpr PlaceholderSource FixedValue(long long value) {
+    return {SourceKind::Fixed, nullptr, value, Conversion::None, false};
+}
 
 // A setting as the recorder takes it: the literal template and its placeholders' sources, in order.
 struct SettingTemplate {

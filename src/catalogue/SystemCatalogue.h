@@ -1,9 +1,38 @@
-// The system sections: speed, parking and fatigue alarms, user security.
+// The system sections: base information (time zone, daylight saving), power, speed, parking and fatigue
+// alarms, user security.
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
+#include "protocol/SectionFields.h"
 
 namespace varcfg {
+
+// The values go out as a base-information record holds them. The zone minutes are shown as the index
+// of 0, 15, 30 and 45 and written as minutes; the daylight saving adjustment is written as its index.
+inline constexpr PlaceholderSource kBaseInfoSources[] = {
+    FromAttribute("ucFD_TimeZone").AsStored(),   FromAttribute("ucFD_TZAdjust").Scaled(15).AsStored(),
+    FromAttribute("ucFD_GpsSTFlag").AsStored(),  FromAttribute("ucFD_DstEnable").AsStored(),
+    FromAttribute("usFD_DstAdjust").AsStored(),  FromAttribute("ucFD_DstFromMon").AsStored(),
+    FromAttribute("ucFD_DstFromDay").AsStored(), FromAttribute("ucFD_DstToMon").AsStored(),
+    FromAttribute("ucFD_DstToDay").AsStored()};
+// The blanks and tabs inside are the recorder's own form of this setting.
+inline constexpr SettingTemplate kBaseInfoSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stBaseInfo ucFD_TimeZone=\"%d\" ucFD_TZAdjust=\"%d\" ucFD_GpsSTFlag=\"%d\"  "
+     L"\t\t\tucFD_DstEnable=\"%d\" usFD_DstAdjust=\"%d\" ucFD_DstFromMon=\"%d\" ucFD_DstFromDay=\"%d\" "
+     L"ucFD_DstToMon=\"%d\" \t\t\tucFD_DstToDay=\"%d\" /></VariCfgSec>",
+     kBaseInfoSources},
+};
+inline constexpr AttributeRoleEntry kBaseInfoRoles[] = {{"strFD_DeviceNo", AttributeRole::Identity}};
+inline constexpr SectionDeclaration kBaseInfoSection{"stBaseInfo", kBaseInfoFields, kBaseInfoSettings, kBaseInfoRoles};
+
+// The power-off delay is enabled exactly when it is not 0.
+inline constexpr PlaceholderSource kPowerSources[] = {FromAttribute("usPOffDelayTime").AsFlag(),
+                                                      FromAttribute("usPOffDelayTime")};
+inline constexpr SettingTemplate kPowerSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stPower ucPOnDelayEnable=\"%d\" usPOffDelayTime=\"%d\" /></VariCfgSec>",
+     kPowerSources},
+};
+inline constexpr SectionDeclaration kPowerSection{"stPower", kPowerFields, kPowerSettings};
 
 // stSpeedAlarm: the low-speed, over-speed, parking-overtime and fatigue-driving alarms.
 struct SpeedAlarmRecord {

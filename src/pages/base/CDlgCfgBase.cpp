@@ -106,6 +106,14 @@ void Exchange(DataExchange& dx, const ViewRule& view, int control, ShownValue& v
     }
 }
 
+// The number as a member of the field's width and signedness holds it.
+long long StoredNumber(const FieldBinding& field, long long number) {
+    const uint32_t bits = static_cast<uint32_t>(number);
+    if (field.size == 1) return field.isSigned ? static_cast<int8_t>(bits) : static_cast<uint8_t>(bits);
+    if (field.size == 2) return field.isSigned ? static_cast<int16_t>(bits) : static_cast<uint16_t>(bits);
+    return field.isSigned ? static_cast<long long>(static_cast<int32_t>(bits)) : static_cast<long long>(bits);
+}
+
 // What a control shows before anything was shown in it: the baseline of a control never loaded.
 ShownValue EmptyValue(const ViewRule& view) {
     ShownValue value;
@@ -178,14 +186,15 @@ std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row) const
             if (asText) {
                 args.emplace_back(std::wstring_view(value.text));
             } else {
-                args.emplace_back(value.number);
+                const long long number = source.Convert(value.number);
+                args.emplace_back(source.stored ? StoredNumber(shown->field, number) : number);
             }
         } else if (kept != nullptr) {
             static const ShownValue kNeverRead;
             const auto found = kept_.find({kept, row});
             const ShownValue& value = found != kept_.end() ? found->second : kNeverRead;
             if (kept->field.kind == FieldKind::Integer) {
-                args.emplace_back(value.number);
+                args.emplace_back(source.Convert(value.number));
             } else {
                 args.emplace_back(std::wstring_view(value.text));
             }

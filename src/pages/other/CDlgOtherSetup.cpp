@@ -1,8 +1,9 @@
 #include "pages/other/CDlgOtherSetup.h"
 
-#include <cstring>
 #include <initializer_list>
+#include <vector>
 
+#include "catalogue/SystemCatalogue.h"
 #include "protocol/ConfigTask.h"
 #include "res/resource.h"
 #include "ui/Language.h"
@@ -14,33 +15,26 @@ using namespace varcfg;
 
 namespace {
 
-// Both sections are decoded by CConfig_Task (the device number has its own rule); these rows only show
-// and take the members.
+// Both sections are decoded by CConfig_Task (the device number has its own rule); these rows show and
+// take the members.
 constexpr Binding<BaseInfoRecord> kBaseInfoBindings[] = {
-    VARCFG_BIND(BaseInfoRecord, timeZone, nullptr, Integer).InComboIndex(IDC_OTHER_ZONE_HOURS, Unlisted::Keep),
-    VARCFG_BIND(BaseInfoRecord, tzAdjust, nullptr, Integer).InComboIndex(IDC_OTHER_ZONE_MINUTES, Unlisted::Clear),
-    VARCFG_BIND(BaseInfoRecord, gpsTimeSyncFlag, nullptr, Integer).InCheck(IDC_OTHER_GPS_SYNC),
-    VARCFG_BIND(BaseInfoRecord, dstEnable, nullptr, Integer).InCheck(IDC_OTHER_DST_ENABLE),
-    VARCFG_BIND(BaseInfoRecord, dstAdjust, nullptr, Integer).InComboIndex(IDC_OTHER_DST_ADJUST, Unlisted::Keep),
-    VARCFG_BIND(BaseInfoRecord, dstFromMon, nullptr, Integer).InComboIndex(IDC_OTHER_DST_START_MONTH, Unlisted::Clear),
-    VARCFG_BIND(BaseInfoRecord, dstFromDay, nullptr, Integer).InComboIndex(IDC_OTHER_DST_START_WEEK, Unlisted::Clear),
-    VARCFG_BIND(BaseInfoRecord, dstToMon, nullptr, Integer).InComboIndex(IDC_OTHER_DST_END_MONTH, Unlisted::Clear),
-    VARCFG_BIND(BaseInfoRecord, dstToDay, nullptr, Integer).InComboIndex(IDC_OTHER_DST_END_WEEK, Unlisted::Clear),
+    BindAttribute(kBaseInfoFields, "ucFD_TimeZone").InComboIndex(IDC_OTHER_ZONE_HOURS, Unlisted::Keep),
+    BindAttribute(kBaseInfoFields, "ucFD_TZAdjust").InComboIndex(IDC_OTHER_ZONE_MINUTES, Unlisted::Clear),
+    BindAttribute(kBaseInfoFields, "ucFD_GpsSTFlag").InCheck(IDC_OTHER_GPS_SYNC),
+    BindAttribute(kBaseInfoFields, "ucFD_DstEnable").InCheck(IDC_OTHER_DST_ENABLE),
+    BindAttribute(kBaseInfoFields, "usFD_DstAdjust").InComboIndex(IDC_OTHER_DST_ADJUST, Unlisted::Keep),
+    BindAttribute(kBaseInfoFields, "ucFD_DstFromMon").InComboIndex(IDC_OTHER_DST_START_MONTH, Unlisted::Clear),
+    BindAttribute(kBaseInfoFields, "ucFD_DstFromDay").InComboIndex(IDC_OTHER_DST_START_WEEK, Unlisted::Clear),
+    BindAttribute(kBaseInfoFields, "ucFD_DstToMon").InComboIndex(IDC_OTHER_DST_END_MONTH, Unlisted::Clear),
+    BindAttribute(kBaseInfoFields, "ucFD_DstToDay").InComboIndex(IDC_OTHER_DST_END_WEEK, Unlisted::Clear),
 };
-constexpr Section<BaseInfoRecord> kBaseInfo{"stBaseInfo", kBaseInfoBindings};
+constexpr Section<BaseInfoRecord> kBaseInfo{kBaseInfoSection, kBaseInfoBindings};
 
 constexpr Binding<PowerRecord> kPowerBindings[] = {
-    VARCFG_BIND(PowerRecord, powerOffDelayMinutes, nullptr, Integer).InNumber(IDC_OTHER_POWER_OFF_DELAY, 0, 65535),
+    BindAttribute(kPowerFields, "usPOffDelayTime").InNumber(IDC_OTHER_POWER_OFF_DELAY, 0, 65535),
 };
-constexpr Section<PowerRecord> kPower{"stPower", kPowerBindings};
+constexpr Section<PowerRecord> kPower{kPowerSection, kPowerBindings};
 
-// The blanks and tabs inside are the recorder's own form of this setting.
-constexpr wchar_t kBaseInfoSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stBaseInfo ucFD_TimeZone=\"%d\" ucFD_TZAdjust=\"%d\" ucFD_GpsSTFlag=\"%d\"  "
-    L"\t\t\tucFD_DstEnable=\"%d\" usFD_DstAdjust=\"%d\" ucFD_DstFromMon=\"%d\" ucFD_DstFromDay=\"%d\" "
-    L"ucFD_DstToMon=\"%d\" \t\t\tucFD_DstToDay=\"%d\" /></VariCfgSec>";
-constexpr wchar_t kPowerSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stPower ucPOnDelayEnable=\"%d\" usPOffDelayTime=\"%d\" /></VariCfgSec>";
 // The action requests leave their element open: the recorder accepts them only so.
 constexpr wchar_t kFormatRequest[] = L"<VariCfgSec Action=\"DEVICE_FORMAT\"><stDisk DiskNo=\"%d\"></VariCfgSec>";
 constexpr wchar_t kClockRequest[] = L"<VariCfgSec Action=\"DEVICE_TIME\"><stTime strTime=\"%s\"></VariCfgSec>";
@@ -98,9 +92,16 @@ bool Confirmed(HWND page, const std::wstring& text, const std::wstring& title) {
     return MessageBoxW(page, text.c_str(), title.c_str(), MB_OKCANCEL | MB_ICONQUESTION) == IDOK;
 }
 
+// The base information a zeroed record gives: the last record before anything was read.
+std::wstring ZeroBaseInfoSetting() {
+    const SettingTemplate& setting = kBaseInfoSection.settings[0];
+    const std::vector<TemplateArg> zeros(setting.sourceCount, TemplateArg(0));
+    return FillTemplate(setting.text, zeros.data(), zeros.size());
+}
+
 }  // namespace
 
-CDlgOtherSetup::CDlgOtherSetup() : CDlgCfgBase(IDD_OTHER_SETUP) {}
+CDlgOtherSetup::CDlgOtherSetup() : CDlgCfgBase(IDD_OTHER_SETUP), lastBaseInfoSetting_(ZeroBaseInfoSetting()) {}
 
 BOOL CDlgOtherSetup::OnInitDialog() {
     CLanguage& language = CLanguage::Instance();
@@ -178,7 +179,9 @@ int CDlgOtherSetup::Refresh() {
     BaseInfoRecord baseInfo{};
     if (baseInfoResult == 1 && CConfig_Task::Import_stBaseInfo(*baseInfoReply.Section(), baseInfo)) {
         ShowSection(kBaseInfo, AsShown(baseInfo));
-        lastBaseInfo_ = baseInfo;
+        // A record read from the recorder carries its device number, which a setting never does: the
+        // next save writes the base information whatever the operator changed.
+        lastBaseInfoSetting_.clear();
         result = 1;
     }
     QueryReply powerReply;
@@ -196,32 +199,18 @@ int CDlgOtherSetup::Refresh() {
 
 int CDlgOtherSetup::Save() {
     if (!TakeSection(kBaseInfo) || !TakeSection(kPower)) return -1;
-    // The lists give indices, except the zone minutes, which are written as minutes.
-    BaseInfoRecord edited{};
-    edited.timeZone = static_cast<uint8_t>(Number(IDC_OTHER_ZONE_HOURS));
-    edited.tzAdjust = static_cast<uint8_t>(Number(IDC_OTHER_ZONE_MINUTES) * kZoneMinutesStep);
-    edited.gpsTimeSyncFlag = static_cast<uint8_t>(Number(IDC_OTHER_GPS_SYNC));
-    edited.dstEnable = static_cast<uint8_t>(Number(IDC_OTHER_DST_ENABLE));
-    edited.dstAdjust = static_cast<uint16_t>(Number(IDC_OTHER_DST_ADJUST));
-    edited.dstFromMon = static_cast<uint8_t>(Number(IDC_OTHER_DST_START_MONTH));
-    edited.dstFromDay = static_cast<uint8_t>(Number(IDC_OTHER_DST_START_WEEK));
-    edited.dstToMon = static_cast<uint8_t>(Number(IDC_OTHER_DST_END_MONTH));
-    edited.dstToDay = static_cast<uint8_t>(Number(IDC_OTHER_DST_END_WEEK));
     int result = 1;
-    if (std::memcmp(&edited, &lastBaseInfo_, sizeof edited) != 0) {
-        result = SendSetting(FillTemplate(
-            kBaseInfoSetting, {edited.timeZone, edited.tzAdjust, edited.gpsTimeSyncFlag, edited.dstEnable,
-                               edited.dstAdjust, edited.dstFromMon, edited.dstFromDay, edited.dstToMon,
-                               edited.dstToDay}));
+    const std::wstring baseInfo = SettingText(Info(kBaseInfo));
+    if (baseInfo != lastBaseInfoSetting_) {
+        result = SendSetting(baseInfo);
         if (result == -1) {
             Redraw();
             return 0;
         }
-        if (result == 1) lastBaseInfo_ = edited;
+        if (result == 1) lastBaseInfoSetting_ = baseInfo;
     }
-    const long long delay = Number(IDC_OTHER_POWER_OFF_DELAY);
-    if (delay != Baseline(IDC_OTHER_POWER_OFF_DELAY).number) {
-        result = SendSetting(FillTemplate(kPowerSetting, {delay != 0 ? 1 : 0, delay})) == 1 ? 1 : 0;
+    if (SectionChanged(kPower)) {
+        result = SendSection(kPower) == 1 ? 1 : 0;
         if (result == 1) AcceptSection(kPower);
     }
     Redraw();

@@ -34,8 +34,9 @@ private:
     // The time picker's time, " HH:MM:SS", to follow a date.
     std::wstring TimeOfDay();
 
-    // Compared byte for byte with the one a save builds: the fields this page does not edit are kept
-    // as read, so the first save after a read writes the base information even without edits.
-    varcfg::BaseInfoRecord lastBaseInfo_{};
+    // The base information as last written (at first, as a zeroed record gives it), or empty after a
+    // read: a save writes the base information when its setting differs, so the first save after a read
+    // always writes it.
+    std::wstring lastBaseInfoSetting_;
     bool followLocalClock_ = true;
 };
