@@ -1,8 +1,8 @@
-// The alarm sections: alarm recording.
+// The alarm sections: alarm recording and alarm inputs.
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
-#include "protocol/AlarmRecords.h"
+#include "protocol/AlarmFields.h"
 
 namespace varcfg {
 
@@ -26,5 +26,16 @@ inline constexpr SettingTemplate kRecordingSettings[] = {
      kRecordingSources},
 };
 inline constexpr SectionDeclaration kRecordingSection{"stRecord", kRecordingFields, kRecordingSettings};
+
+// stAlarmIn: one entry per input, asked for and written four at a time from StartChn.
+inline constexpr PlaceholderSource kAlarmInEntrySources[] = {kEntryNumber, FromAttribute("ucIOEnable"),
+                                                             FromAttribute("ucIOLevel"), FromAttribute("ucIOFunc")};
+inline constexpr PlaceholderSource kAlarmInHeadSources[] = {kPieceNumber};
+inline constexpr SettingTemplate kAlarmInSettings[] = {
+    {{L"<VariCfgSec Action=\"DEVICE_SET\"><stAlarmIn StartChn=\"%d\"><stAlarmInIO>", kAlarmInHeadSources},
+     {L"<AlarmIO_%d ucIOEnable=\"%d\" ucIOLevel=\"%d\" ucIOFunc=\"%d\" />", kAlarmInEntrySources},
+     {L"</stAlarmInIO></stAlarmIn></VariCfgSec>"}},
+};
+inline constexpr SectionDeclaration kAlarmInSection{"stAlarmIn", kAlarmIoFields, kAlarmInSettings};
 
 }  // namespace varcfg

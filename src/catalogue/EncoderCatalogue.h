@@ -1,4 +1,4 @@
-// The encoder sections: sub stream and on-screen display.
+// The encoder sections: sub stream, on-screen display and mirror.
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
@@ -47,5 +47,20 @@ inline constexpr SettingTemplate kOsdSettings[] = {
      kOsdSources},
 };
 inline constexpr SectionDeclaration kOsdSection{"stOSD", kOsdFields, kOsdSettings};
+
+// stVideoMirror: each channel's picture mirrored left to right and up and down; one entry per channel,
+// all eight written at once.
+inline constexpr Field<MirrorChannel> kMirrorFields[] = {
+    VARCFG_FIELD(MirrorChannel, leftRight, "ucFD_LeftRight", Integer),
+    VARCFG_FIELD(MirrorChannel, upDown, "ucFD_UpDown", Integer),
+};
+inline constexpr PlaceholderSource kMirrorEntrySources[] = {kEntryNumber, FromAttribute("ucFD_LeftRight"),
+                                                            FromAttribute("ucFD_UpDown")};
+inline constexpr SettingTemplate kMirrorSettings[] = {
+    {{L"<VariCfgSec Action=\"DEVICE_SET\"><stVideoMirror><stVideoMirrorPara>"},
+     {L"<VChn_%d ucFD_LeftRight=\"%d\" ucFD_UpDown=\"%d\" />", kMirrorEntrySources},
+     {L"</stVideoMirrorPara></VariCfgSec>"}},
+};
+inline constexpr SectionDeclaration kMirrorSection{"stVideoMirror", kMirrorFields, kMirrorSettings};
 
 }  // namespace varcfg

@@ -5,6 +5,7 @@
 #include "catalogue/AlarmCatalogue.h"
 #include "catalogue/EncoderCatalogue.h"
 #include "catalogue/NetworkCatalogue.h"
+#include "catalogue/SerialCatalogue.h"
 #include "catalogue/SystemCatalogue.h"
 
 namespace varcfg {
@@ -14,7 +15,7 @@ namespace {
 const SectionDeclaration* const kCatalogue[] = {
     &kNetWorkModeSection, &kLocalEthSection,   &kMobileSection, &kPttSection,       &kPttCentreSection,
     &kCarInfoSection,     &k808Server1Section, &k808Server2Section, &kSubStreamSection, &kOsdSection,
-    &kRecordingSection,   &kSpeedAlarmSection, &kUserSecuritySection, &kBaseInfoSection, &kPowerSection,
+    &kMirrorSection,      &kRecordingSection,  &kAlarmInSection,    &kSerialSection,   &kSpeedAlarmSection, &kUserSecuritySection, &kBaseInfoSection, &kPowerSection,
 };
 
 }  // namespace

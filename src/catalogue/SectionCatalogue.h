@@ -28,8 +28,10 @@ namespace varcfg {
 
 // Where one placeholder of a setting template takes its value.
 enum class SourceKind : uint8_t {
-    Attribute,  // the section's attribute, as the page or document holds it
-    Fixed,      // a value of the template's own
+    Attribute,    // the section's attribute, as the page or document holds it
+    Fixed,        // a value of the template's own
+    Piece,        // the number of the piece the setting is for (its StartChn: channel, input, port)
+    EntryNumber,  // in a repeated entry: the piece's number plus the entry's place
 };
 
 // How an attribute's number becomes the placeholder's value.
@@ -37,6 +39,7 @@ enum class Conversion : uint8_t {
     None,
     Scaled,  // times the factor: a list index that stands for steps of minutes
     Flag,    // 1 when the value is not 0, else 0: a switch implied by a value
+    Letter,  // the letter at the value's place in letters (the first one for any other value)
 };
 
 struct PlaceholderSource {
@@ -45,13 +48,17 @@ struct PlaceholderSource {
     long long value;        // Fixed: the value; Scaled: the factor
     Conversion conversion;
     bool stored;            // the number as the attribute's record member holds it (cut to its width)
+    const char* letters;    // Letter: the letters by value
 
     constexpr PlaceholderSource Scaled(long long factor) const {
-        return {kind, attribute, factor, Conversion::Scaled, stored};
+        return {kind, attribute, factor, Conversion::Scaled, stored, nullptr};
     }
-    constexpr PlaceholderSource AsFlag() const { return {kind, attribute, 0, Conversion::Flag, stored}; }
+    constexpr PlaceholderSource AsFlag() const { return {kind, attribute, 0, Conversion::Flag, stored, nullptr}; }
+    constexpr PlaceholderSource AsLetter(const char* byValue) const {
+        return {kind, attribute, 0, Conversion::Letter, stored, byValue};
+    }
     // For settings built from a record: a list without a selection (-1) goes out as 255 in an 8-bit member.
-    constexpr PlaceholderSource AsStored() const { return {kind, attribute, value, conversion, true}; }
+    constexpr PlaceholderSource AsStored() const { return {kind, attribute, value, conversion, true, letters}; }
     // The number a value converts to.
     constexpr long long Convert(long long number) const {
         switch (conversion) {
@@ -59,6 +66,11 @@ struct PlaceholderSource {
                 return number * value;
             case Conversion::Flag:
                 return number != 0 ? 1 : 0;
+            case Conversion::Letter: {
+                std::size_t count = 0;
+                while (letters[count] != '\0') ++count;
+                return number >= 0 && static_cast<std::size_t>(number) < count ? letters[number] : letters[0];
+            }
             default:
                 return number;
         }
@@ -66,21 +78,39 @@ struct PlaceholderSource {
 };
 
 constexpr PlaceholderSource FromAttribute(const char* attribute) {
-    return {SourceKind::Attribute, attribute, 0, Conversion::None, false};
+    return {SourceKind::Attribute, attribute, 0, Conversion::None, false, nullptr};
 }
 constexpr PlaceholderSource FixedValue(long long value) {
-    return {SourceKind::Fixed, nullptr, value, Conversion::None, false};
+    return {SourceKind::Fixed, nullptr, value, Conversion::None, false, nullptr};
 }
+inline constexpr PlaceholderSource kPieceNumber{SourceKind::Piece, nullptr, 0, Conversion::None, false, nullptr};
+inline constexpr PlaceholderSource kEntryNumber{SourceKind::EntryNumber, nullptr, 0, Conversion::None, false, nullptr};
 
-// A setting as the recorder takes it: the literal template and its placeholders' sources, in order.
-struct SettingTemplate {
+// Literal text with its placeholders' sources, in order.
+struct TemplateText {
     const wchar_t* text;
     const PlaceholderSource* sources;
     std::size_t sourceCount;
 
+    constexpr TemplateText(const wchar_t* literal) : text(literal), sources(nullptr), sourceCount(0) {}
+    template <std::size_t N>
+    constexpr TemplateText(const wchar_t* literal, const PlaceholderSource (&placeholders)[N])
+        : text(literal), sources(placeholders), sourceCount(N) {}
+};
+
+// A setting as the recorder takes it: one literal template, or a head, an entry repeated for each row
+// (input, output, channel, port) and a tail, each literal as the recorder expects it.
+struct SettingTemplate {
+    TemplateText head;
+    TemplateText entry;
+    TemplateText tail;
+    bool repeated;
+
     template <std::size_t N>
     constexpr SettingTemplate(const wchar_t* literal, const PlaceholderSource (&placeholders)[N])
-        : text(literal), sources(placeholders), sourceCount(N) {}
+        : head(literal, placeholders), entry(L""), tail(L""), repeated(false) {}
+    constexpr SettingTemplate(TemplateText headText, TemplateText entryText, TemplateText tailText)
+        : head(headText), entry(entryText), tail(tailText), repeated(true) {}
 };
 
 // What an attribute's value is to a fleet: a setting that may go to any recorder, a value that belongs

@@ -6,24 +6,11 @@
 
 #include <tinyxml.h>
 
+#include "protocol/AlarmFields.h"
 #include "protocol/SectionDecoder.h"
 
 namespace varcfg {
 namespace {
-
-constexpr Field<AlarmInRecord> kAlarmInFields[] = {
-    VARCFG_FIELD(AlarmInRecord, diskFaultAlarm, "ucDiskFaulAlarm", Integer),
-    VARCFG_FIELD(AlarmInRecord, diskSpaceAlarm, "ucDiskSpaceAlarm", Integer),
-    VARCFG_FIELD(AlarmInRecord, videoLostAlarm, "ucVideoLostAlarm", Integer),
-};
-
-constexpr Field<AlarmIoEntry> kAlarmIoFields[] = {
-    VARCFG_FIELD(AlarmIoEntry, enable, "ucIOEnable", Integer),
-    VARCFG_FIELD(AlarmIoEntry, number, "ucIONumber", Integer),
-    VARCFG_FIELD(AlarmIoEntry, level, "ucIOLevel", Integer),
-    VARCFG_FIELD(AlarmIoEntry, function, "ucIOFunc", Integer),
-    VARCFG_FIELD(AlarmIoEntry, duration, "usIOLast", Integer),
-};
 
 // Both view attributes fill one member; the later one in the reply wins.
 constexpr Field<AlarmLinkageItem> kLinkageItemFields[] = {

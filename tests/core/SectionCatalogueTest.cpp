@@ -44,14 +44,19 @@ TEST(SectionCatalogue, EverySectionIsDeclaredOnceWithTemplatesItsAttributesCanFi
         ASSERT_GT(section.settingCount, 0u);
         for (std::size_t t = 0; t < section.settingCount; ++t) {
             const SettingTemplate& setting = section.settings[t];
-            EXPECT_EQ(Conversions(setting.text), setting.sourceCount) << "template " << t;
             const std::string name = section.name;
-            EXPECT_NE(std::wstring(setting.text).find(std::wstring(name.begin(), name.end())), std::wstring::npos)
+            EXPECT_NE(std::wstring(setting.head.text).find(std::wstring(name.begin(), name.end())), std::wstring::npos)
                 << "template " << t << " names its section";
-            for (std::size_t p = 0; p < setting.sourceCount; ++p) {
-                if (setting.sources[p].kind != SourceKind::Attribute) continue;
-                EXPECT_TRUE(Declares(section, setting.sources[p].attribute))
-                    << "template " << t << " placeholder " << p + 1 << ": " << setting.sources[p].attribute;
+            EXPECT_EQ(setting.repeated, std::wstring(setting.entry.text) != L"") << "template " << t;
+            for (const TemplateText* part : {&setting.head, &setting.entry, &setting.tail}) {
+                EXPECT_EQ(Conversions(part->text), part->sourceCount) << "template " << t;
+                for (std::size_t p = 0; p < part->sourceCount; ++p) {
+                    const PlaceholderSource& source = part->sources[p];
+                    EXPECT_TRUE(source.kind != SourceKind::Attribute || Declares(section, source.attribute))
+                        << "template " << t << " placeholder " << p + 1 << ": " << source.attribute;
+                    EXPECT_TRUE(setting.repeated || source.kind != SourceKind::EntryNumber)
+                        << "template " << t << " numbers an entry it does not repeat";
+                }
             }
         }
         for (std::size_t r = 0; r < section.roleCount; ++r) {

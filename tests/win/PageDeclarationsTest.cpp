@@ -188,16 +188,18 @@ TEST_F(PageDeclarations, CatalogueSectionsAreBoundByTheirDeclaredAttributesAndFi
             }
             ASSERT_LT(section.setting, declared.settingCount);
             const SettingTemplate& setting = declared.settings[section.setting];
-            for (std::size_t p = 0; p < setting.sourceCount; ++p) {
-                const PlaceholderSource& source = setting.sources[p];
-                if (source.kind != SourceKind::Attribute) continue;
-                // A shown attribute is sent as its control holds it, one decoded but not shown as read.
-                bool bound = false;
-                for (std::size_t b = 0; b < section.bindings.size(); ++b) {
-                    bound = bound || SameName(section.bindings[b].field.attribute, source.attribute);
+            for (const TemplateText* part : {&setting.head, &setting.entry, &setting.tail}) {
+                for (std::size_t p = 0; p < part->sourceCount; ++p) {
+                    const PlaceholderSource& source = part->sources[p];
+                    if (source.kind != SourceKind::Attribute) continue;
+                    // A shown attribute is sent as its control holds it, one decoded but not shown as read.
+                    bool bound = false;
+                    for (std::size_t b = 0; b < section.bindings.size(); ++b) {
+                        bound = bound || SameName(section.bindings[b].field.attribute, source.attribute);
+                    }
+                    EXPECT_TRUE(bound) << "placeholder " << p + 1 << " names " << source.attribute
+                                       << ", which the page does not bind";
                 }
-                EXPECT_TRUE(bound) << "placeholder " << p + 1 << " names " << source.attribute
-                                   << ", which the page does not bind";
             }
             written.insert(section.name);
         }

@@ -5,6 +5,7 @@
 
 #include "channel/DeviceVersion.h"
 #include "pages/alarm/AlarmShared.h"
+#include "catalogue/AlarmCatalogue.h"
 #include "protocol/AlarmSections.h"
 #include "res/resource.h"
 #include "ui/win/Controls.h"
@@ -18,16 +19,11 @@ constexpr int kInputFunctions = 26;
 
 // One row of the page; row r uses the controls whose ids follow these by r.
 constexpr Binding<AlarmIoEntry> kInputRowBindings[] = {
-    VARCFG_BIND(AlarmIoEntry, enable, "ucIOEnable", Integer).InCheck(IDC_INPUT_ENABLE_FIRST),
-    VARCFG_BIND(AlarmIoEntry, level, "ucIOLevel", Integer).InComboIndex(IDC_INPUT_LEVEL_FIRST, Unlisted::Clear),
-    VARCFG_BIND(AlarmIoEntry, function, "ucIOFunc", Integer).InComboIndex(IDC_INPUT_FUNCTION_FIRST, Unlisted::Keep),
+    BindAttribute(kAlarmIoFields, "ucIOEnable").InCheck(IDC_INPUT_ENABLE_FIRST),
+    BindAttribute(kAlarmIoFields, "ucIOLevel").InComboIndex(IDC_INPUT_LEVEL_FIRST, Unlisted::Clear),
+    BindAttribute(kAlarmIoFields, "ucIOFunc").InComboIndex(IDC_INPUT_FUNCTION_FIRST, Unlisted::Keep),
 };
-constexpr Section<AlarmIoEntry> kInputRow{"stAlarmIn", kInputRowBindings};
-
-constexpr wchar_t kInputSettingStart[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stAlarmIn StartChn=\"%d\"><stAlarmInIO>";
-constexpr wchar_t kInputSettingItem[] = L"<AlarmIO_%d ucIOEnable=\"%d\" ucIOLevel=\"%d\" ucIOFunc=\"%d\" />";
-constexpr wchar_t kInputSettingEnd[] = L"</stAlarmInIO></stAlarmIn></VariCfgSec>";
+constexpr Section<AlarmIoEntry> kInputRow{kAlarmInSection, kInputRowBindings};
 
 int AlarmInputs() { return Device().capabilities.alarmInputs; }
 
@@ -103,15 +99,10 @@ int CDlgTabAlarmCfgInput::Refresh() {
 }
 
 int CDlgTabAlarmCfgInput::Save() {
-    const int first = static_cast<int>(page_) * kRowsPerPage;
-    std::wstring setting = FillTemplate(kInputSettingStart, {first});
     for (int r = 0; r < RowsShown(); ++r) {
         if (!TakeSection(kInputRow, r)) return -1;
-        setting += FillTemplate(kInputSettingItem, {first + r, Number(IDC_INPUT_ENABLE_FIRST + r),
-                                                    Number(IDC_INPUT_LEVEL_FIRST + r), Number(IDC_INPUT_FUNCTION_FIRST + r)});
     }
-    setting += kInputSettingEnd;
-    const int result = SendSetting(setting);
+    const int result = SendSection(kInputRow, 0, static_cast<int>(page_) * kRowsPerPage, RowsShown());
     Redraw();
     return result == 1 ? 1 : 0;
 }

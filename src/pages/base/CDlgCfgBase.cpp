@@ -1,6 +1,9 @@
 #include "pages/base/CDlgCfgBase.h"
 
+#include <algorithm>
+#include <cstdlib>
 #include <cstring>
+#include <cwchar>
 
 #include "base/AnsiText.h"
 #include "base/Validators.h"
@@ -106,6 +109,40 @@ void Exchange(DataExchange& dx, const ViewRule& view, int control, ShownValue& v
     }
 }
 
+// Stores a value as its control shows it into the member: the inverse of MemberValue.
+void StoreMember(const FieldBinding& field, const ViewRule& view, const ShownValue& value, unsigned char* member) {
+    switch (field.kind) {
+        case FieldKind::Integer: {
+            const bool typed = view.show == Show::Text || view.show == Show::Decimal;
+            const auto number = static_cast<uint32_t>(typed ? std::wcstoll(value.text.c_str(), nullptr, 10) : value.number);
+            std::memcpy(member, &number, field.size);  // the low bytes: the records are little-endian
+            break;
+        }
+        case FieldKind::Float: {
+            const double real = std::wcstod(value.text.c_str(), nullptr);
+            if (field.size == sizeof(double)) {
+                std::memcpy(member, &real, sizeof real);
+            } else {
+                const auto single = static_cast<float>(real);
+                std::memcpy(member, &single, sizeof single);
+            }
+            break;
+        }
+        case FieldKind::Text: {
+            const std::string text = ToAnsi(value.text);
+            const std::size_t length = std::min(text.size(), field.size - 1);
+            std::memcpy(member, text.data(), length);
+            std::memset(member + length, 0, field.size - length);
+            break;
+        }
+        case FieldKind::Ip: {
+            const uint32_t ip = IpFromText(ToAnsi(value.text));
+            std::memcpy(member, &ip, sizeof ip);
+            break;
+        }
+    }
+}
+
 // The number as a member of the field's width and signedness holds it.
 long long StoredNumber(const FieldBinding& field, long long number) {
     const uint32_t bits = static_cast<uint32_t>(number);
@@ -154,15 +191,29 @@ const ShownValue& CDlgCfgBase::Baseline(int control) const {
     return found != baseline_.end() ? found->second : kNone;
 }
 
-std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row) const {
+std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row, int piece, int entries) const {
     if (section.declaration == nullptr || section.setting >= section.declaration->settingCount) return {};
     const SettingTemplate& setting = section.declaration->settings[section.setting];
+    std::wstring text = FillPlaceholders(section, setting.head, row, piece, piece);
+    if (!setting.repeated) return text;
+    for (int entry = 0; entry < entries; ++entry) {
+        text += FillPlaceholders(section, setting.entry, row + entry, piece, piece + entry);
+    }
+    return text + FillPlaceholders(section, setting.tail, row, piece, piece);
+}
+
+std::wstring CDlgCfgBase::FillPlaceholders(const SectionInfo& section, const TemplateText& text, int row, int piece,
+                                           int entryNumber) const {
     std::vector<TemplateArg> args;
-    args.reserve(setting.sourceCount);
-    for (std::size_t s = 0; s < setting.sourceCount; ++s) {
-        const PlaceholderSource& source = setting.sources[s];
+    args.reserve(text.sourceCount);
+    for (std::size_t s = 0; s < text.sourceCount; ++s) {
+        const PlaceholderSource& source = text.sources[s];
         if (source.kind == SourceKind::Fixed) {
             args.emplace_back(source.value);
+            continue;
+        }
+        if (source.kind == SourceKind::Piece || source.kind == SourceKind::EntryNumber) {
+            args.emplace_back(source.kind == SourceKind::Piece ? piece : entryNumber);
             continue;
         }
         // A shown attribute gives its control's value; one the page decodes but does not show gives
@@ -171,7 +222,7 @@ std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row) const
         const BindingData* kept = nullptr;
         for (std::size_t b = 0; b < section.bindings.size() && shown == nullptr; ++b) {
             const BindingData& binding = section.bindings[b];
-            if (binding.field.attribute == nullptr || !SameName(binding.field.attribute, source.attribute)) continue;
+            if (!SameName(binding.field.attribute, source.attribute)) continue;
             if (binding.view.show != Show::None) {
                 shown = &binding;
             } else if (kept == nullptr) {
@@ -202,7 +253,7 @@ std::wstring CDlgCfgBase::SettingText(const SectionInfo& section, int row) const
             args.emplace_back(L"");
         }
     }
-    return FillTemplate(setting.text, args.data(), args.size());
+    return FillTemplate(text.text, args.data(), args.size());
 }
 
 void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char* record, int row) {
@@ -226,6 +277,14 @@ void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char*
         }
         values_[control] = value;
         baseline_[control] = value;
+    }
+}
+
+void CDlgCfgBase::StoreBindings(const BindingList& bindings, unsigned char* record, int row) const {
+    for (std::size_t i = 0; i < bindings.size(); ++i) {
+        const BindingData& binding = bindings[i];
+        if (binding.view.show == Show::None) continue;
+        StoreMember(binding.field, binding.view, Value(binding.view.control + row), record + binding.field.offset);
     }
 }
 

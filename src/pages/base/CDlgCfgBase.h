@@ -158,13 +158,20 @@ protected:
     // Sends a catalogue section's setting, filled from the values taken from its controls, whether or
     // not they changed.
     template <class Record>
-    int SendSection(const varcfg::Section<Record>& section, int row = 0) {
-        return SendSetting(SettingText(Info(section), row));
+    int SendSection(const varcfg::Section<Record>& section, int row = 0, int piece = 0, int entries = 1) {
+        return SendSetting(SettingText(Info(section), row, piece, entries));
+    }
+    // The values taken from the section's controls into the record's members, as the recorder would
+    // send them back: for pages that keep records of pieces not shown.
+    template <class Record>
+    void StoreSection(const varcfg::Section<Record>& section, Record& record, int row = 0) const {
+        StoreBindings(section.bindings, reinterpret_cast<unsigned char*>(&record), row);
     }
     // A catalogue section's setting template, each placeholder filled from its source: a bound
-    // attribute's value as taken from its control (texts as they stand, lists, checks and numbers as
-    // numbers), or the template's own value.
-    std::wstring SettingText(const SectionInfo& section, int row = 0) const;
+    // attribute's value as taken from its control in the row (texts as they stand, lists, checks and
+    // numbers as numbers), the template's own value, or the piece's number. A repeated template repeats
+    // its entry for the given number of rows from row, numbering them from piece.
+    std::wstring SettingText(const SectionInfo& section, int row = 0, int piece = 0, int entries = 1) const;
     // One control's taken value becomes its baseline, for pages that accept part of a section.
     void AcceptValue(int control) { baseline_[control] = Value(control); }
     template <class Record>
@@ -179,7 +186,10 @@ protected:
     long long Number(int control) const { return Value(control).number; }
 
 private:
+    std::wstring FillPlaceholders(const SectionInfo& section, const varcfg::TemplateText& text, int row, int piece,
+                                  int entryNumber) const;
     void ShowBindings(const varcfg::BindingList& bindings, const unsigned char* record, int row);
+    void StoreBindings(const varcfg::BindingList& bindings, unsigned char* record, int row) const;
     bool TakeBindings(const varcfg::BindingList& bindings, int row);
     bool BindingsChanged(const varcfg::BindingList& bindings, int row) const;
     void AcceptBindings(const varcfg::BindingList& bindings, int row);

@@ -94,7 +94,7 @@ bool Confirmed(HWND page, const std::wstring& text, const std::wstring& title) {
 
 // The base information a zeroed record gives: the last record before anything was read.
 std::wstring ZeroBaseInfoSetting() {
-    const SettingTemplate& setting = kBaseInfoSection.settings[0];
+    const TemplateText& setting = kBaseInfoSection.settings[0].head;
     const std::vector<TemplateArg> zeros(setting.sourceCount, TemplateArg(0));
     return FillTemplate(setting.text, zeros.data(), zeros.size());
 }

@@ -12,16 +12,16 @@ using namespace varcfg;
 
 namespace {
 
-// Parity is not bound: it arrives as a character code and is shown as a list index.
+// Parity arrives as a character code; the page keeps it as the index of its list.
 constexpr Binding<SerialPortRecord> kSerialBindings[] = {
-    VARCFG_BIND(SerialPortRecord, peripheral, "ucFD_DataMode", Integer).InComboIndex(IDC_SERIAL_DEVICE, Unlisted::Keep),
-    VARCFG_BIND(SerialPortRecord, baudRate, "uiBaudRate", Integer).InComboData(IDC_SERIAL_BAUD, Unlisted::Keep),
-    VARCFG_BIND(SerialPortRecord, dataBits, "ucDataBit", Integer).InComboData(IDC_SERIAL_DATA_BITS, Unlisted::Keep),
-    VARCFG_BIND(SerialPortRecord, parity, "ucParity", Integer),
-    VARCFG_BIND(SerialPortRecord, stopBits, "ucStopBit", Integer).InComboData(IDC_SERIAL_STOP_BITS, Unlisted::Keep),
-    VARCFG_BIND(SerialPortRecord, count, "ucCount", Integer),
+    BindAttribute(kSerialPortFields, "ucFD_DataMode").InComboIndex(IDC_SERIAL_DEVICE, Unlisted::Keep),
+    BindAttribute(kSerialPortFields, "uiBaudRate").InComboData(IDC_SERIAL_BAUD, Unlisted::Keep),
+    BindAttribute(kSerialPortFields, "ucDataBit").InComboData(IDC_SERIAL_DATA_BITS, Unlisted::Keep),
+    BindAttribute(kSerialPortFields, "ucParity").InComboIndex(IDC_SERIAL_PARITY, Unlisted::Keep),
+    BindAttribute(kSerialPortFields, "ucStopBit").InComboData(IDC_SERIAL_STOP_BITS, Unlisted::Keep),
+    BindAttribute(kSerialPortFields, "ucCount"),
 };
-constexpr Section<SerialPortRecord> kSerial{"stSerial", kSerialBindings};
+constexpr Section<SerialPortRecord> kSerial{kSerialSection, kSerialBindings};
 
 // The recorder reports ports 0 and 1 only; a higher number ends its list.
 constexpr int kReportedPorts = 2;
@@ -41,19 +41,9 @@ constexpr const wchar_t* kFixedPeripherals[] = {
 };
 constexpr int kDefaultPeripheral = 1;
 
-// ucStopBit follows two blanks, and the closing part opens stSerialChnPara again and closes an
-// stAlarmLinkage never opened: the recorder accepts this form.
-constexpr wchar_t kSerialSettingHead[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stSerial StartChn=\"%d\"><stSerialChnPara>";
-constexpr wchar_t kSerialSettingPort[] =
-    L"<SerialChn_%d ucFD_DataMode=\"%d\" uiBaudRate=\"%d\" ucDataBit=\"%d\"  ucStopBit=\"%d\" ucParity=\"%c\">"
-    L"</SerialChn_%d>";
-constexpr wchar_t kSerialSettingTail[] = L"<stSerialChnPara></stAlarmLinkage></VariCfgSec>";
-
-// Parity is written as a letter and read back as a character code; only the codes of 'o' and 'e' mean
-// odd and even, so a recorder that answers with a letter shows none.
-wchar_t ParityLetter(long long index) { return index == 1 ? L'o' : index == 2 ? L'e' : L'n'; }
-int ParityIndex(uint8_t code) { return code == 'o' ? 1 : code == 'e' ? 2 : 0; }
+// Only the codes of 'o' and 'e' mean odd and even, so a recorder that answers with a capital letter
+// shows none.
+uint8_t ParityIndex(uint8_t code) { return code == 'o' ? 1 : code == 'e' ? 2 : 0; }
 
 void AddNumbers(HWND dialog, int id, std::initializer_list<int> numbers, int selected) {
     for (int number : numbers) ComboAdd(dialog, id, FillTemplate(L"%d", {number}), number);
@@ -109,6 +99,7 @@ int CDlgTabSerialCfg::Refresh() {
     // Ports the recorder does not report are kept as zeros.
     SerialPortRecord decoded[kKeptPorts] = {};
     if (!DecodeNumberedEntries(kSerial, *reply.Section(), "stSerialChnPara", kReportedPorts, decoded)) return 0;
+    for (SerialPortRecord& port : decoded) port.parity = ParityIndex(port.parity);
     std::copy_n(decoded, std::clamp(Device().capabilities.serialPorts, 0, kKeptPorts), ports_);
     ShowPort();
     Redraw();
@@ -119,27 +110,14 @@ void CDlgTabSerialCfg::ShowPort() {
     const int port = ComboSelection(Hwnd(), IDC_SERIAL_PORT);
     if (port < 0 || port >= kKeptPorts) return;
     ShowSection(kSerial, ports_[port]);
-    ComboSelect(Hwnd(), IDC_SERIAL_PARITY, ParityIndex(ports_[port].parity));
 }
 
 int CDlgTabSerialCfg::Save() {
     if (!TakeSection(kSerial)) return -1;
     const int port = ComboSelection(Hwnd(), IDC_SERIAL_PORT);
-    const wchar_t parity = ParityLetter(ComboSelectedData(Hwnd(), IDC_SERIAL_PARITY, CB_ERR));
-    const long long peripheral = Number(IDC_SERIAL_DEVICE);
-    const long long baudRate = Number(IDC_SERIAL_BAUD);
-    const long long dataBits = Number(IDC_SERIAL_DATA_BITS);
-    const long long stopBits = Number(IDC_SERIAL_STOP_BITS);
-    std::wstring setting = FillTemplate(kSerialSettingHead, {port});
-    setting += FillTemplate(kSerialSettingPort, {port, peripheral, baudRate, dataBits, stopBits, parity, port});
-    setting += kSerialSettingTail;
-    const int result = SendSetting(setting);
+    const int result = SendSection(kSerial, 0, port);
     Redraw();
     if (result != 1) return 0;
-    if (port >= 0 && port < kKeptPorts) {
-        ports_[port] = SerialPortRecord{static_cast<uint8_t>(peripheral), static_cast<uint32_t>(baudRate),
-                                        static_cast<uint8_t>(dataBits), static_cast<uint8_t>(parity),
-                                        static_cast<uint8_t>(stopBits), ports_[port].count};
-    }
+    if (port >= 0 && port < kKeptPorts) StoreSection(kSerial, ports_[port]);
     return 1;
 }

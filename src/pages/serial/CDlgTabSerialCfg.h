@@ -2,19 +2,8 @@
 // port at once, keeps their values, shows one port at a time and writes only the port shown.
 #pragma once
 
-#include <cstdint>
-
+#include "catalogue/SerialCatalogue.h"
 #include "pages/base/CDlgCfgBase.h"
-
-// One port of stSerial. Parity is a character code ('n', 'o', 'e'), as the recorder stores it.
-struct SerialPortRecord {
-    uint8_t peripheral;
-    uint32_t baudRate;
-    uint8_t dataBits;
-    uint8_t parity;
-    uint8_t stopBits;
-    uint8_t count;
-};
 
 class CDlgTabSerialCfg : public CDlgCfgBase {
 public:
@@ -36,5 +25,6 @@ protected:
 private:
     void ShowPort();
 
-    SerialPortRecord ports_[kKeptPorts] = {};
+    // Each port as last read or written, its parity as the index of the parity list.
+    varcfg::SerialPortRecord ports_[kKeptPorts] = {};
 };
