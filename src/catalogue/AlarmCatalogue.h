@@ -1,4 +1,4 @@
-// The alarm sections: alarm recording and alarm inputs.
+// The alarm sections: alarm recording, alarm inputs and the G-sensor.
 #pragma once
 
 #include "catalogue/SectionCatalogue.h"
@@ -37,5 +37,37 @@ inline constexpr SettingTemplate kAlarmInSettings[] = {
      {L"</stAlarmInIO></stAlarmIn></VariCfgSec>"}},
 };
 inline constexpr SectionDeclaration kAlarmInSection{"stAlarmIn", kAlarmIoFields, kAlarmInSettings};
+
+// stGSensor: alarm thresholds in g (the rollover in degrees) and the calibration.
+inline constexpr Field<GSensorRecord> kGSensorFields[] = {
+    VARCFG_FIELD(GSensorRecord, alarmEnable, "ucFD_AlarmEnable", Integer),
+    VARCFG_FIELD(GSensorRecord, rapidAcceleration, "fFD_RAccel", Float),
+    VARCFG_FIELD(GSensorRecord, hardBraking, "fFD_RDecel", Float),
+    VARCFG_FIELD(GSensorRecord, crash, "fFD_Crash", Float),
+    VARCFG_FIELD(GSensorRecord, swerve, "fFD_Swerve", Float),
+    VARCFG_FIELD(GSensorRecord, rollover, "fFD_TrunOver", Float),
+    VARCFG_FIELD(GSensorRecord, x, "fFD_X", Float),
+    VARCFG_FIELD(GSensorRecord, xLimit, "fFD_XLimit", Float),
+    VARCFG_FIELD(GSensorRecord, y, "fFD_Y", Float),
+    VARCFG_FIELD(GSensorRecord, yLimit, "fFD_YLimit", Float),
+    VARCFG_FIELD(GSensorRecord, z, "fFD_Z", Float),
+    VARCFG_FIELD(GSensorRecord, zLimit, "fFD_ZLimit", Float),
+};
+inline constexpr PlaceholderSource kGSensorSources[] = {
+    FromAttribute("ucFD_AlarmEnable"), FromAttribute("fFD_RAccel"), FromAttribute("fFD_RDecel"),
+    FromAttribute("fFD_Crash"),        FromAttribute("fFD_Swerve"), FromAttribute("fFD_TrunOver"),
+    FromAttribute("fFD_X"),            FromAttribute("fFD_XLimit"), FromAttribute("fFD_Y"),
+    FromAttribute("fFD_YLimit"),       FromAttribute("fFD_Z"),      FromAttribute("fFD_ZLimit")};
+// Both settings end with "<VariCfgSec>" where the envelope's end tag would stand. The second asks the
+// recorder to calibrate its sensor anew.
+inline constexpr SettingTemplate kGSensorSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stGSensor ucFD_AlarmEnable=\"%d\" fFD_RAccel=\"%f\" fFD_RDecel=\"%f\" "
+     L"fFD_Crash=\"%f\" fFD_Swerve=\"%f\" fFD_TrunOver=\"%f\" fFD_X=\"%f\" fFD_XLimit=\"%f\" fFD_Y=\"%f\" "
+     L"fFD_YLimit=\"%f\" fFD_Z=\"%f\" fFD_ZLimit=\"%f\" /><VariCfgSec>",
+     kGSensorSources},
+    SettingTemplate(L"<VariCfgSec Action=\"DEVICE_SET\"><stGSensor ReCalibrate=\"1\"/><VariCfgSec>"),
+};
+inline constexpr std::size_t kGSensorRecalibrateSetting = 1;
+inline constexpr SectionDeclaration kGSensorSection{"stGSensor", kGSensorFields, kGSensorSettings};
 
 }  // namespace varcfg

@@ -106,6 +106,8 @@ struct SettingTemplate {
     TemplateText tail;
     bool repeated;
 
+    constexpr explicit SettingTemplate(const wchar_t* literal)
+        : head(literal), entry(L""), tail(L""), repeated(false) {}
     template <std::size_t N>
     constexpr SettingTemplate(const wchar_t* literal, const PlaceholderSource (&placeholders)[N])
         : head(literal, placeholders), entry(L""), tail(L""), repeated(false) {}

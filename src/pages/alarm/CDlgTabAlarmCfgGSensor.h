@@ -19,9 +19,5 @@ protected:
     void OnCommand(int id, int code) override;
 
 private:
-    void DoDataExchange(varcfg::DataExchange& dx) override;
     void Recalibrate();
-
-    // Calibration offsets and limits, X, X limit, Y, Y limit, Z, Z limit: any real number.
-    float calibration_[6] = {};
 };

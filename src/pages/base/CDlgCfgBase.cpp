@@ -85,6 +85,9 @@ void Exchange(DataExchange& dx, const ViewRule& view, int control, ShownValue& v
         case Show::Decimal:
             dx.Decimal(control, value.text, view.realMin, view.realMax);
             break;
+        case Show::Real:
+            dx.Real(control, value.text);
+            break;
         case Show::IpAddress:
             dx.IpAddress(control, value.text);
             break;
@@ -233,8 +236,11 @@ std::wstring CDlgCfgBase::FillPlaceholders(const SectionInfo& section, const Tem
             const ViewRule& view = shown->view;
             const ShownValue& value = Value(view.control + row);
             const bool asText = view.show == Show::Text || view.show == Show::IpAddress ||
-                                view.show == Show::Decimal || view.show == Show::DateTime;
-            if (asText) {
+                                view.show == Show::Decimal || view.show == Show::Real || view.show == Show::DateTime;
+            if (shown->field.kind == FieldKind::Float) {
+                // As typed, then as the recorder's 32-bit value.
+                args.emplace_back(static_cast<double>(static_cast<float>(std::wcstod(value.text.c_str(), nullptr))));
+            } else if (asText) {
                 args.emplace_back(std::wstring_view(value.text));
             } else {
                 const long long number = source.Convert(value.number);
@@ -272,7 +278,7 @@ void CDlgCfgBase::ShowBindings(const BindingList& bindings, const unsigned char*
         // The value is what the control shows: a list keeps or clears its selection for a value it does
         // not offer, a picker keeps its time for a text that is none, an edit cuts at its limit. Numbers
         // are shown as they are, and reading them back would validate them.
-        if (binding.view.show != Show::Number && binding.view.show != Show::Decimal) {
+        if (binding.view.show != Show::Number && binding.view.show != Show::Decimal && binding.view.show != Show::Real) {
             Exchange(readBack, binding.view, control, value);
         }
         values_[control] = value;

@@ -28,6 +28,7 @@ enum class Show : uint8_t {
     Text,        // edit: a text member as it stands, an integer member in decimal; taken as typed
     Number,      // edit: an integer member in decimal; taken as a whole number in [min, max]
     Decimal,     // edit: a real member with six significant digits; taken as digits and points in [min, max]
+    Real,        // edit: a real member with six significant digits; taken as any real number
     IpAddress,   // IP address control: an IP member in dotted form; taken as the control's text
     Check,       // check box: ticked when the member is non-zero (zero when inverted); taken as 0 or 1
     ComboIndex,  // list: the member is the index; taken as the selected index (-1 for none)
@@ -67,6 +68,7 @@ struct Binding : BindingData {
         binding.view.realMax = max;
         return binding;
     }
+    constexpr Binding InReal(int control) const { return With(control, Show::Real, 0, 0); }
     constexpr Binding InIpAddress(int control) const { return With(control, Show::IpAddress, 0, 0); }
     constexpr Binding InCheck(int control) const { return With(control, Show::Check, 0, 1); }
     constexpr Binding InInvertedCheck(int control) const {

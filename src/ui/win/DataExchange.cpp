@@ -126,22 +126,22 @@ void DataExchange::Decimal(int id, std::wstring& text, double min, double max) {
     text = typed;
 }
 
-void DataExchange::Real(int id, float& value) {
+void DataExchange::Real(int id, std::wstring& text) {
     if (Skip()) return;
     if (!save_) {
-        SetItemText(dialog_.Hwnd(), id, FillTemplate(L"%g", {value}));
+        SetItemText(dialog_.Hwnd(), id, text);
         return;
     }
     const std::wstring typed = ItemText(dialog_.Hwnd(), id);
     const wchar_t* begin = typed.c_str();
     wchar_t* end = nullptr;
-    const double parsed = std::wcstod(begin, &end);
+    std::wcstod(begin, &end);
     while (end != begin && (*end == L' ' || *end == L'\t')) ++end;
     if (end == begin || *end != L'\0') {
         Fail(id, L"Please enter a number.");
         return;
     }
-    value = static_cast<float>(parsed);
+    text = typed;
 }
 
 void DataExchange::IpAddress(int id, std::wstring& dotted) {

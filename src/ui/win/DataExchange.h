@@ -47,9 +47,9 @@ public:
     // Digits and points (see IsDecimalString) for a number in [min, max]; the value stays text, as
     // typed, and is shown as given.
     void Decimal(int id, std::wstring& text, double min, double max);
-    // Any real number as the C library reads one (sign and exponent allowed, blanks around it), shown
-    // with six significant digits.
-    void Real(int id, float& value);
+    // Any real number as the C library reads one (sign and exponent allowed, blanks around it); the
+    // value stays text, as typed, and is shown as given.
+    void Real(int id, std::wstring& text);
     // IP address control: "a.b.c.d", or "" when its four fields are blank.
     void IpAddress(int id, std::wstring& dotted);
     // Check box: 0 or 1.
