@@ -173,10 +173,9 @@ struct Section {
         : name(declared.name), bindings(table, N), fields(declared.attributes), recordSize(declared.recordSize),
           declaration(&declared), setting(settingIndex) {}
     template <std::size_t N>
-    constexpr Section(const char* sectionName, const Binding<Record> (&table)[N],
-                      RecordSize size = RecordSize::Standard)
-        : name(sectionName), bindings(table, N), fields(table, N), recordSize(size), declaration(nullptr),
-          setting(0) {}
+    constexpr Section(const char* sectionName, const Binding<Record> (&table)[N])
+        : name(sectionName), bindings(table, N), fields(table, N), recordSize(RecordSize::Standard),
+          declaration(nullptr), setting(0) {}
 };
 
 }  // namespace varcfg
