@@ -43,6 +43,84 @@ inline constexpr AttributeRoleEntry kLocalEthRoles[] = {{"uiFD_LocalIp", Attribu
 inline constexpr SectionDeclaration kLocalEthSection{"stLocalEth0", kLocalEthFields, kLocalEthSettings,
                                                      kLocalEthRoles};
 
+// stWifi: the wireless LAN as a client, and the work mode. IPs in network byte order.
+struct WifiRecord {
+    uint8_t workMode;  // 1 client, 2 access point
+    char ssid[32];
+    char passwd[64];
+    uint8_t authMode;  // 0 WEP, 1 WPA-PSK, 2 WPA2-PSK, 100 open
+    uint8_t cryptType;
+    uint8_t dhcpEnableFlag;
+    uint32_t ip;
+    uint32_t gateWay;
+    uint32_t netMask;
+    uint32_t dns;
+};
+inline constexpr Field<WifiRecord> kWifiFields[] = {
+    VARCFG_FIELD(WifiRecord, workMode, "ucFD_WorkMode", Integer),
+    VARCFG_FIELD(WifiRecord, ssid, "strFD_SSID", Text),
+    VARCFG_FIELD(WifiRecord, passwd, "strFD_Passwd", Text),
+    VARCFG_FIELD(WifiRecord, authMode, "ucFD_AuthMode", Integer),
+    VARCFG_FIELD(WifiRecord, cryptType, "ucFD_CryptType", Integer),
+    VARCFG_FIELD(WifiRecord, dhcpEnableFlag, "ucFD_DhcpEnableFlag", Integer),
+    VARCFG_FIELD(WifiRecord, ip, "uiFD_IP", Ip),
+    VARCFG_FIELD(WifiRecord, gateWay, "uiFD_GateWay", Ip),
+    VARCFG_FIELD(WifiRecord, netMask, "uiFD_NetMask", Ip),
+    VARCFG_FIELD(WifiRecord, dns, "uiFD_DNS", Ip),
+};
+// Authentications by list index: the recorder knows open authentication as 100.
+inline constexpr long long kAuthenticationValues[] = {0, 1, 2, 100};
+inline constexpr ValueList kAuthenticationByIndex{kAuthenticationValues, -1};
+// The recorder counts work modes from 1: 1 client, 2 access point.
+inline constexpr long long kWifiClientMode = 1;
+inline constexpr long long kWifiAccessPointMode = 2;
+inline constexpr PlaceholderSource kWifiClientSources[] = {
+    FixedValue(kWifiClientMode),      FromAttribute("strFD_SSID"),
+    FromAttribute("strFD_Passwd"),    FromAttribute("ucFD_AuthMode").AsListed(kAuthenticationByIndex),
+    FromAttribute("ucFD_CryptType"),  FromAttribute("ucFD_DhcpEnableFlag"),
+    FromAttribute("uiFD_IP"),         FromAttribute("uiFD_NetMask"),
+    FromAttribute("uiFD_GateWay")};
+inline constexpr PlaceholderSource kWifiAccessPointModeSources[] = {FixedValue(kWifiAccessPointMode)};
+// A client writes its whole setting; an access point first switches the work mode, then writes stWifiAp.
+inline constexpr SettingTemplate kWifiSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stWifi ucFD_WorkMode=\"%d\" strFD_SSID=\"%s\" strFD_Passwd=\"%s\" "
+     L"ucFD_AuthMode=\"%d\" ucFD_CryptType=\"%d\" ucFD_DhcpEnableFlag=\"%d\" uiFD_IP=\"%s\" uiFD_NetMask=\"%s\" "
+     L"uiFD_GateWay=\"%s\" /></VariCfgSec>",
+     kWifiClientSources},
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stWifi ucFD_WorkMode=\"%d\" /></VariCfgSec>", kWifiAccessPointModeSources},
+};
+inline constexpr std::size_t kWifiClientSetting = 0;
+inline constexpr std::size_t kWifiAccessPointModeSetting = 1;
+inline constexpr AttributeRoleEntry kWifiRoles[] = {{"strFD_Passwd", AttributeRole::Secret},
+                                                    {"uiFD_IP", AttributeRole::Identity}};
+inline constexpr SectionDeclaration kWifiSection{"stWifi", kWifiFields, kWifiSettings, kWifiRoles};
+
+// stWifiAp: the recorder's own access point.
+struct WifiAccessPointRecord {
+    char ssid[32];
+    char passwd[64];
+    uint8_t authMode;
+    uint8_t cryptType;
+};
+inline constexpr Field<WifiAccessPointRecord> kWifiAccessPointFields[] = {
+    VARCFG_FIELD(WifiAccessPointRecord, ssid, "strFD_SSID", Text),
+    VARCFG_FIELD(WifiAccessPointRecord, passwd, "strFD_Passwd", Text),
+    VARCFG_FIELD(WifiAccessPointRecord, authMode, "ucFD_AuthMode", Integer),
+    VARCFG_FIELD(WifiAccessPointRecord, cryptType, "ucFD_CryptType", Integer),
+};
+inline constexpr PlaceholderSource kWifiAccessPointSources[] = {
+    FromAttribute("strFD_SSID"), FromAttribute("strFD_Passwd"), FromAttribute("ucFD_AuthMode").AsListed(kAuthenticationByIndex),
+    FromAttribute("ucFD_CryptType")};
+// The recorder expects the doubled " />".
+inline constexpr SettingTemplate kWifiAccessPointSettings[] = {
+    {L"<VariCfgSec Action=\"DEVICE_SET\"><stWifiAp strFD_SSID=\"%s\" strFD_Passwd=\"%s\" ucFD_AuthMode=\"%d\" "
+     L"ucFD_CryptType=\"%d\" /> /></VariCfgSec>",
+     kWifiAccessPointSources},
+};
+inline constexpr AttributeRoleEntry kWifiAccessPointRoles[] = {{"strFD_Passwd", AttributeRole::Secret}};
+inline constexpr SectionDeclaration kWifiAccessPointSection{"stWifiAp", kWifiAccessPointFields,
+                                                            kWifiAccessPointSettings, kWifiAccessPointRoles};
+
 // stMobileGNet: the cellular dial-up.
 struct MobileGNetRecord {
     uint8_t netType;

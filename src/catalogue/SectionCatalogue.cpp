@@ -13,7 +13,8 @@ namespace {
 
 // In the order of the panel's menu and tabs.
 const SectionDeclaration* const kCatalogue[] = {
-    &kNetWorkModeSection, &kLocalEthSection,   &kMobileSection,     &kPttSection,      &kPttCentreSection,
+    &kNetWorkModeSection, &kLocalEthSection,   &kWifiSection,       &kWifiAccessPointSection,
+    &kMobileSection,      &kPttSection,        &kPttCentreSection,
     &kCarInfoSection,     &k808Server1Section, &k808Server2Section, &kSubStreamSection, &kOsdSection,
     &kMirrorSection,      &kRecordingSection,  &kAlarmInSection,    &kGSensorSection,  &kSerialSection,
     &kSpeedAlarmSection,  &kUserSecuritySection, &kBaseInfoSection, &kPowerSection,

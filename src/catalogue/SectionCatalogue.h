@@ -39,7 +39,17 @@ enum class Conversion : uint8_t {
     None,
     Scaled,  // times the factor: a list index that stands for steps of minutes
     Flag,    // 1 when the value is not 0, else 0: a switch implied by a value
-    Letter,  // the letter at the value's place in letters (the first one for any other value)
+    Listed,  // the entry at the value's place in a list of values (a list index sent as what it stands for)
+};
+
+// A list of values by index, and the value for an index outside it (a list with no selection).
+struct ValueList {
+    const long long* values;
+    std::size_t count;
+    long long unlisted;
+
+    template <std::size_t N>
+    constexpr ValueList(const long long (&byIndex)[N], long long outside) : values(byIndex), count(N), unlisted(outside) {}
 };
 
 struct PlaceholderSource {
@@ -48,17 +58,17 @@ struct PlaceholderSource {
     long long value;        // Fixed: the value; Scaled: the factor
     Conversion conversion;
     bool stored;            // the number as the attribute's record member holds it (cut to its width)
-    const char* letters;    // Letter: the letters by value
+    const ValueList* list;  // Listed: the values by index
 
     constexpr PlaceholderSource Scaled(long long factor) const {
         return {kind, attribute, factor, Conversion::Scaled, stored, nullptr};
     }
     constexpr PlaceholderSource AsFlag() const { return {kind, attribute, 0, Conversion::Flag, stored, nullptr}; }
-    constexpr PlaceholderSource AsLetter(const char* byValue) const {
-        return {kind, attribute, 0, Conversion::Letter, stored, byValue};
+    constexpr PlaceholderSource AsListed(const ValueList& byIndex) const {
+        return {kind, attribute, 0, Conversion::Listed, stored, &byIndex};
     }
     // For settings built from a record: a list without a selection (-1) goes out as 255 in an 8-bit member.
-    constexpr PlaceholderSource AsStored() const { return {kind, attribute, value, conversion, true, letters}; }
+    constexpr PlaceholderSource AsStored() const { return {kind, attribute, value, conversion, true, list}; }
     // The number a value converts to.
     constexpr long long Convert(long long number) const {
         switch (conversion) {
@@ -66,11 +76,9 @@ struct PlaceholderSource {
                 return number * value;
             case Conversion::Flag:
                 return number != 0 ? 1 : 0;
-            case Conversion::Letter: {
-                std::size_t count = 0;
-                while (letters[count] != '\0') ++count;
-                return number >= 0 && static_cast<std::size_t>(number) < count ? letters[number] : letters[0];
-            }
+            case Conversion::Listed:
+                return number >= 0 && static_cast<std::size_t>(number) < list->count ? list->values[number]
+                                                                                        : list->unlisted;
             default:
                 return number;
         }

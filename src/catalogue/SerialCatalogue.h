@@ -23,10 +23,12 @@ inline constexpr Field<SerialPortRecord> kSerialPortFields[] = {
     VARCFG_FIELD(SerialPortRecord, count, "ucCount", Integer),
 };
 // Parity is written as a letter (none, odd, even by the list's order) and read back as a character code.
+inline constexpr long long kParityLetters[] = {'n', 'o', 'e'};
+inline constexpr ValueList kParityByIndex{kParityLetters, 'n'};
 inline constexpr PlaceholderSource kSerialHeadSources[] = {kPieceNumber};
 inline constexpr PlaceholderSource kSerialPortSources[] = {
     kEntryNumber,                 FromAttribute("ucFD_DataMode"), FromAttribute("uiBaudRate"),
-    FromAttribute("ucDataBit"),   FromAttribute("ucStopBit"),     FromAttribute("ucParity").AsLetter("noe"),
+    FromAttribute("ucDataBit"),   FromAttribute("ucStopBit"),     FromAttribute("ucParity").AsListed(kParityByIndex),
     kEntryNumber};
 // ucStopBit follows two blanks, and the closing part opens stSerialChnPara again and closes an
 // stAlarmLinkage never opened: the recorder accepts this form.

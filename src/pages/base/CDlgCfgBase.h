@@ -42,6 +42,7 @@ struct SectionInfo {
     varcfg::RecordSize recordSize;
     const varcfg::SectionDeclaration* declaration;  // null for a section outside the catalogue
     std::size_t setting;                            // the declaration's template the page writes
+    bool read;                                      // whether the page reads it, or only writes it
 };
 
 class CDlgCfgBase : public varcfg::Dialog {
@@ -176,7 +177,8 @@ protected:
     void AcceptValue(int control) { baseline_[control] = Value(control); }
     template <class Record>
     static SectionInfo Info(const varcfg::Section<Record>& section) {
-        return SectionInfo{section.name, section.bindings, section.recordSize, section.declaration, section.setting};
+        return SectionInfo{section.name,        section.bindings, section.recordSize,
+                           section.declaration, section.setting,  section.read};
     }
 
     // The value of a bound control as last shown or taken, and its baseline.

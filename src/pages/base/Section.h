@@ -166,6 +166,14 @@ struct Section {
     RecordSize recordSize;
     const SectionDeclaration* declaration;  // null for a section the page declares on its own
     std::size_t setting;                    // the declaration's template this page writes
+    bool read = true;                       // whether the page reads it, or only writes it
+
+    // A section the page writes from controls that show another section.
+    constexpr Section WrittenOnly() const {
+        Section section = *this;
+        section.read = false;
+        return section;
+    }
 
     template <std::size_t N>
     constexpr Section(const SectionDeclaration& declared, const Binding<Record> (&table)[N],

@@ -1,5 +1,8 @@
 #include "pages/net/CDlgTabNetCfgWifi.h"
 
+#include <iterator>
+
+#include "catalogue/NetworkCatalogue.h"
 #include "res/resource.h"
 #include "ui/Language.h"
 #include "ui/win/Controls.h"
@@ -8,58 +11,40 @@ using namespace varcfg;
 
 namespace {
 
-// stWifi. IPs in network byte order.
-struct WifiRecord {
-    uint8_t workMode;  // 1 client, 2 access point
-    char ssid[32];
-    char passwd[64];
-    uint8_t authMode;  // 0 WEP, 1 WPA-PSK, 2 WPA2-PSK, 100 open
-    uint8_t cryptType;
-    uint8_t dhcpEnableFlag;
-    uint32_t ip;
-    uint32_t gateWay;
-    uint32_t netMask;
-    uint32_t dns;
-};
-
-// The work mode and the encryption depend on other controls: the page shows them itself.
+// The work mode depends on the encryption list, which depends on the authentication: the page shows
+// them itself. The access point's setting takes the same controls.
 constexpr Binding<WifiRecord> kWifiBindings[] = {
-    VARCFG_BIND(WifiRecord, workMode, "ucFD_WorkMode", Integer),
-    VARCFG_BIND(WifiRecord, ssid, "strFD_SSID", Text).InText(IDC_WIFI_SSID),
-    VARCFG_BIND(WifiRecord, passwd, "strFD_Passwd", Text).InText(IDC_WIFI_KEY),
-    VARCFG_BIND(WifiRecord, authMode, "ucFD_AuthMode", Integer).InComboIndex(IDC_WIFI_AUTH, Unlisted::Keep),
-    VARCFG_BIND(WifiRecord, cryptType, "ucFD_CryptType", Integer),
-    VARCFG_BIND(WifiRecord, dhcpEnableFlag, "ucFD_DhcpEnableFlag", Integer).InCheck(IDC_WIFI_DHCP),
-    VARCFG_BIND(WifiRecord, ip, "uiFD_IP", Ip).InIpAddress(IDC_WIFI_IP),
-    VARCFG_BIND(WifiRecord, gateWay, "uiFD_GateWay", Ip).InIpAddress(IDC_WIFI_GATEWAY),
-    VARCFG_BIND(WifiRecord, netMask, "uiFD_NetMask", Ip).InIpAddress(IDC_WIFI_MASK),
-    VARCFG_BIND(WifiRecord, dns, "uiFD_DNS", Ip),
+    BindAttribute(kWifiFields, "strFD_SSID").InText(IDC_WIFI_SSID),
+    BindAttribute(kWifiFields, "strFD_Passwd").InText(IDC_WIFI_KEY),
+    BindAttribute(kWifiFields, "ucFD_AuthMode").InComboIndex(IDC_WIFI_AUTH, Unlisted::Keep),
+    BindAttribute(kWifiFields, "ucFD_CryptType").InComboIndex(IDC_WIFI_CRYPT, Unlisted::Clear),
+    BindAttribute(kWifiFields, "ucFD_DhcpEnableFlag").InCheck(IDC_WIFI_DHCP),
+    BindAttribute(kWifiFields, "uiFD_IP").InIpAddress(IDC_WIFI_IP),
+    BindAttribute(kWifiFields, "uiFD_GateWay").InIpAddress(IDC_WIFI_GATEWAY),
+    BindAttribute(kWifiFields, "uiFD_NetMask").InIpAddress(IDC_WIFI_MASK),
 };
-constexpr Section<WifiRecord> kWifi{"stWifi", kWifiBindings};
+constexpr Section<WifiRecord> kWifi{kWifiSection, kWifiBindings, kWifiClientSetting};
+constexpr Section<WifiRecord> kWorkModeAccessPoint{kWifiSection, kWifiBindings, kWifiAccessPointModeSetting};
 
-constexpr wchar_t kClientSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stWifi ucFD_WorkMode=\"%d\" strFD_SSID=\"%s\" strFD_Passwd=\"%s\" "
-    L"ucFD_AuthMode=\"%d\" ucFD_CryptType=\"%d\" ucFD_DhcpEnableFlag=\"%d\" uiFD_IP=\"%s\" uiFD_NetMask=\"%s\" "
-    L"uiFD_GateWay=\"%s\" /></VariCfgSec>";
-constexpr wchar_t kWorkModeSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stWifi ucFD_WorkMode=\"%d\" /></VariCfgSec>";
-// The recorder expects the doubled " />".
-constexpr wchar_t kAccessPointSetting[] =
-    L"<VariCfgSec Action=\"DEVICE_SET\"><stWifiAp strFD_SSID=\"%s\" strFD_Passwd=\"%s\" ucFD_AuthMode=\"%d\" "
-    L"ucFD_CryptType=\"%d\" /> /></VariCfgSec>";
+constexpr Binding<WifiAccessPointRecord> kAccessPointBindings[] = {
+    BindAttribute(kWifiAccessPointFields, "strFD_SSID").InText(IDC_WIFI_SSID),
+    BindAttribute(kWifiAccessPointFields, "strFD_Passwd").InText(IDC_WIFI_KEY),
+    BindAttribute(kWifiAccessPointFields, "ucFD_AuthMode").InComboIndex(IDC_WIFI_AUTH, Unlisted::Keep),
+    BindAttribute(kWifiAccessPointFields, "ucFD_CryptType").InComboIndex(IDC_WIFI_CRYPT, Unlisted::Clear),
+};
+constexpr Section<WifiAccessPointRecord> kAccessPoint =
+    Section<WifiAccessPointRecord>{kWifiAccessPointSection, kAccessPointBindings}.WrittenOnly();
 
 // Work modes by list index; the recorder counts them from 1.
 constexpr uint32_t kWorkModeTextIds[] = {16029, 16030};
 constexpr int kClientIndex = 0;
 constexpr int kAccessPointIndex = 1;
 
-// Authentications in the order of the list, with the value the recorder knows each by.
-constexpr struct {
-    const wchar_t* name;
-    int value;
-} kAuthentications[] = {{L"WEP", 0}, {L"WPAPSK", 1}, {L"WPA2PSK", 2}, {L"OPEN", 100}};
-constexpr int kWep = 0;
-constexpr int kOpen = 100;
+// Authentications in the order of the list; the item data is the value the recorder knows each by.
+constexpr const wchar_t* kAuthenticationNames[] = {L"WEP", L"WPAPSK", L"WPA2PSK", L"OPEN"};
+static_assert(std::size(kAuthenticationNames) == std::size(kAuthenticationValues));
+constexpr LPARAM kWep = kAuthenticationValues[0];
+constexpr LPARAM kOpen = kAuthenticationValues[3];
 constexpr uint32_t kHexKeyTextId = 11006;
 
 }  // namespace
@@ -77,8 +62,8 @@ BOOL CDlgTabNetCfgWifi::OnInitDialog() {
     for (uint32_t textId : kWorkModeTextIds) {
         ComboAdd(Hwnd(), IDC_WIFI_MODE, CLanguage::Instance().Text(textId), ComboCount(Hwnd(), IDC_WIFI_MODE));
     }
-    for (const auto& authentication : kAuthentications) {
-        ComboAdd(Hwnd(), IDC_WIFI_AUTH, authentication.name, authentication.value);
+    for (std::size_t i = 0; i < std::size(kAuthenticationNames); ++i) {
+        ComboAdd(Hwnd(), IDC_WIFI_AUTH, kAuthenticationNames[i], static_cast<LPARAM>(kAuthenticationValues[i]));
     }
     ComboSelect(Hwnd(), IDC_WIFI_MODE, kClientIndex);
     ComboSelect(Hwnd(), IDC_WIFI_AUTH, 0);
@@ -107,7 +92,7 @@ void CDlgTabNetCfgWifi::RebuildEncryptionList() {
     EnableItem(page, IDC_WIFI_KEY, authentication != kOpen);
 }
 
-std::vector<SectionInfo> CDlgTabNetCfgWifi::DeclaredSections() const { return {Info(kWifi)}; }
+std::vector<SectionInfo> CDlgTabNetCfgWifi::DeclaredSections() const { return {Info(kWifi), Info(kAccessPoint)}; }
 
 int CDlgTabNetCfgWifi::Refresh() {
     WifiRecord wifi{};
@@ -123,21 +108,14 @@ int CDlgTabNetCfgWifi::Refresh() {
 }
 
 int CDlgTabNetCfgWifi::Save() {
+    // The access point's setting is filled from the same controls.
     if (!TakeSection(kWifi)) return -1;
-    const int workMode = ComboSelection(Hwnd(), IDC_WIFI_MODE);
-    const LPARAM authentication = ComboSelectedData(Hwnd(), IDC_WIFI_AUTH, -1);
-    const int encryption = ComboSelection(Hwnd(), IDC_WIFI_CRYPT);
     int result = 0;
-    if (workMode != kAccessPointIndex) {
-        result = SendSetting(FillTemplate(
-            kClientSetting, {kClientIndex + 1, Text(IDC_WIFI_SSID), Text(IDC_WIFI_KEY), authentication, encryption,
-                             Number(IDC_WIFI_DHCP), Text(IDC_WIFI_IP), Text(IDC_WIFI_MASK), Text(IDC_WIFI_GATEWAY)}));
+    if (ComboSelection(Hwnd(), IDC_WIFI_MODE) != kAccessPointIndex) {
+        result = SendSection(kWifi);
     } else {
-        result = SendSetting(FillTemplate(kWorkModeSetting, {kAccessPointIndex + 1}));
-        if (result == 1) {
-            result = SendSetting(FillTemplate(
-                kAccessPointSetting, {Text(IDC_WIFI_SSID), Text(IDC_WIFI_KEY), authentication, encryption}));
-        }
+        result = SendSection(kWorkModeAccessPoint);
+        if (result == 1) result = SendSection(kAccessPoint);
     }
     Redraw();
     return result == 1 ? 1 : 0;
