@@ -25,7 +25,7 @@ bool PluginLibrary::Load(const std::wstring& path, std::string& problem) {
     Unload();
     module_ = LoadLibraryW(path.c_str());
     if (module_ == nullptr) {
-        problem = "cannot load the plug-in: " + sim::WindowsErrorText(GetLastError());
+        problem = "cannot load the plug-in: " + sim::WindowsErrorText(GetLastError(), "the plug-in");
         return false;
     }
     MDVR_IsEnableDllFn isEnableDll = nullptr;

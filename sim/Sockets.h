@@ -38,14 +38,20 @@ inline bool SetNonBlocking(Socket socket) {
     u_long nonBlocking = 1;
     return ioctlsocket(socket, FIONBIO, &nonBlocking) == 0;
 }
-// The system's own text for a Windows or Winsock error number, and the number.
-inline std::string WindowsErrorText(unsigned long error) {
+// The system's own text for a Windows or Winsock error number, and the number. The text's inserts
+// ("Bad EXE format for %1.") name the subject.
+inline std::string WindowsErrorText(unsigned long error, const std::string& subject = "it") {
     char* text = nullptr;
     const DWORD size = FormatMessageA(
         FORMAT_MESSAGE_ALLOCATE_BUFFER | FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
         reinterpret_cast<char*>(&text), 0, nullptr);
     std::string message(text != nullptr ? text : "", size);
     LocalFree(text);
+    for (std::size_t insert = message.find('%'); insert != std::string::npos; insert = message.find('%', insert)) {
+        const bool numbered = insert + 1 < message.size() && message[insert + 1] >= '1' && message[insert + 1] <= '9';
+        if (numbered) message.replace(insert, 2, subject);
+        insert += numbered ? subject.size() : 1;
+    }
     while (!message.empty() && (message.back() == '\n' || message.back() == '\r' || message.back() == '.')) {
         message.pop_back();
     }

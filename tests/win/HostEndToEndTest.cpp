@@ -112,6 +112,12 @@ TEST_F(HostEndToEnd, RefusesFilesThatAreNotThePlugin) {
     EXPECT_FALSE(host.LoadPlugin(ProgramFolder() + L"no-such-plugin.dll", english, problem));
     EXPECT_NE(problem.find("cannot load"), std::string::npos) << problem;
 
+    // A file that is not a DLL: Windows' text names the plug-in where it has an insert.
+    const std::wstring notADll = ProgramFolder() + L"Lang\\English.ini";
+    EXPECT_FALSE(host.LoadPlugin(notADll, english, problem));
+    EXPECT_NE(problem.find("cannot load the plug-in: "), std::string::npos) << problem;
+    EXPECT_EQ(problem.find('%'), std::string::npos) << problem;
+
     // A DLL that loads but exports nothing of the plug-in: refused before any call.
     EXPECT_FALSE(host.LoadPlugin(L"kernel32.dll", english, problem));
     EXPECT_NE(problem.find("MDVR_IsEnableDll"), std::string::npos) << problem;
