@@ -42,6 +42,14 @@ for binary in x64/*.dll x64/*.exe x86/*.dll x86/*.exe linux/mdvr-sim; do
   if objdump -h "$binary" 2>/dev/null | grep -q '\.debug_'; then fail "$binary is not stripped"; fi
 done
 
+# The guide gives the simulator's limits in the unit its --help gives them.
+sim_help=$(linux/mdvr-sim --help)
+for limit in idle frame send; do
+  grep -Eq -- "--$limit-limit MS .*milliseconds" <<<"$sim_help" || fail "mdvr-sim --help gives --$limit-limit in another unit"
+done
+tr '\n' ' ' < INTEGRATING.md | grep -Eq -- '--send-limit` \(each in +milliseconds' ||
+  fail "INTEGRATING.md does not give the simulator's limits in milliseconds"
+
 # One version: the archive's name, the host's --version, both DLLs' version resources.
 version=$(basename "$archive" .zip)
 version=${version#libvarcfg_18-}
