@@ -95,3 +95,12 @@ std::string CTraceFile2::Redact(std::string_view text) {
     }
     return out;
 }
+
+void CTraceFile2::Diagnose(const std::string& line) {
+    std::fputs(line.c_str(), stdout);
+    CTraceFile2* log = Existing();
+    if (log == nullptr) return;
+    std::string text = line;
+    while (!text.empty() && (text.back() == '\n' || text.back() == '\r')) text.pop_back();
+    log->Write("%s", text.c_str());
+}

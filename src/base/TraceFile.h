@@ -25,6 +25,10 @@ public:
 #endif
         ;
 
+    // A diagnostic line ("CConfig_Task::ParseResponseMsgResult, Result is not 1.\n"): printed on standard
+    // output as it stands, and logged once the log exists.
+    static void Diagnose(const std::string& line);
+
     // Replaces the value of every attribute whose name speaks of a password (passwd, password, pwd;
     // any letter case) with "***".
     static std::string Redact(std::string_view xmlText);

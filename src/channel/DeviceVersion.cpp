@@ -37,7 +37,10 @@ int QueryDeviceVersion() {
     std::string reply;
     if (!Exchange(kVersionQueryText, kQueryForm, reply)) return 0;
     QueryReply checked;
-    if (checked.Check(reply) != 0) return -1;
+    if (checked.Check(reply) != 0) {
+        LogRefusedReply(kVersionQueryText);
+        return -1;
+    }
 
     VersionRecord version{};
     CConfig_Task::Import_stVersion(*checked.Section(), version);

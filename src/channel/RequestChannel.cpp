@@ -20,10 +20,20 @@ struct RecordPair {
     Record reply;
 };
 
+// The host never installed a request callback: said once per request, as the request is lost.
+void LogNoCallback() {
+    if (CTraceFile2* log = CTraceFile2::Existing()) {
+        log->Write("no request callback: MDVR_SetConfigFunction was not called, so the request is not sent");
+    }
+}
+
 template <class Record>
 bool ExchangeWith(std::string_view request, RequestForm form, std::string& reply) {
     HostBridge& host = Host();
-    if (host.onRequest == nullptr) return false;
+    if (host.onRequest == nullptr) {
+        LogNoCallback();
+        return false;
+    }
 
     // The larger pair is some 19 KB: keep it off the user-interface thread's stack.
     auto pair = std::make_unique<RecordPair<Record>>();
@@ -69,6 +79,12 @@ void SendTestSetParameters() {
 int32_t CallConfigFile(int32_t mode, const char* path) {
     HostBridge& host = Host();
     return host.onConfigFile != nullptr ? host.onConfigFile(mode, path, host.context) : 0;
+}
+
+void LogRefusedReply(std::string_view request) {
+    if (CTraceFile2* log = CTraceFile2::Existing()) {
+        log->Write("reply refused; it answered %s", CTraceFile2::Redact(request).c_str());
+    }
 }
 
 bool Exchange(std::string_view request, RequestForm form, std::string& reply, RecordSize size) {

@@ -26,6 +26,8 @@ inline constexpr RequestForm kRawForm{2047, 2048};      // the raw command page'
 // record's text up to its terminator, and never beyond the record's end.
 bool Exchange(std::string_view request, RequestForm form, std::string& reply,
               RecordSize size = RecordSize::Standard);
+// Logs, after the reply check's own lines, which request a refused reply answered (passwords hidden).
+void LogRefusedReply(std::string_view request);
 
 }  // namespace varcfg
 

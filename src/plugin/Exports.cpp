@@ -45,8 +45,17 @@ int32_t MDVR_SetLangPath(const char* languageFile) {
     log.SetLogName("libvarcfg");
 
     const std::string path = languageFile != nullptr ? languageFile : "";
-    const int switched = CLanguage::Instance().SetLanguagePath(varcfg::FromAnsi(path));
-    log.Write("language file %s%s", path.c_str(), switched ? "" : " (kept the current one)");
+    CLanguage& language = CLanguage::Instance();
+    const std::wstring inForce = language.Path();
+    if (language.SetLanguagePath(varcfg::FromAnsi(path)) != 0) {
+        log.Write("language file %s", path.c_str());
+    } else if (inForce == varcfg::FromAnsi(path)) {
+        log.Write("language file %s (already in use)", path.c_str());
+    } else if (inForce.empty()) {
+        log.Write("language file %s cannot be opened; the panel has no texts until a language file can be", path.c_str());
+    } else {
+        log.Write("language file %s cannot be opened; kept %s", path.c_str(), varcfg::ToAnsi(inForce).c_str());
+    }
     return 1;
 }
 
@@ -55,7 +64,11 @@ int32_t MDVR_SetDevType(uint32_t deviceType) { return varcfg::SetDevType(deviceT
 int32_t MDVR_SetDevChannelNum(int32_t channelCount) { return varcfg::SetDevChannelNum(channelCount); }
 
 int32_t MDVR_DisplayConfig(HWND parent, void*) {
-    g_app.CreatePanel(parent);
+    if (g_app.CreatePanel(parent) == nullptr) {
+        if (CTraceFile2* log = CTraceFile2::Existing()) {
+            log->Write("no panel created: %s", parent == nullptr ? "the parent window is null" : "the window could not be made");
+        }
+    }
     return 0;
 }
 

@@ -1,8 +1,8 @@
 #include "protocol/ConfigTask.h"
 
-#include <cstdio>
 #include <string_view>
 
+#include "base/TraceFile.h"
 #include "protocol/SectionDecoder.h"
 #include "protocol/SectionFields.h"
 
@@ -34,7 +34,7 @@ bool CConfig_Task::Import_stBaseInfo(const TiXmlElement& section, BaseInfoRecord
     const varcfg::DecodeResult result = varcfg::DecodeAttributes(
         section, deviceNo == DeviceNo::Check ? kBaseInfoTable : kBaseInfoTableWithoutDeviceNo, record);
     if (result.status == varcfg::DecodeStatus::TextRefused) {
-        std::printf("CConfig_Task::Import_stBaseInfo, invalid device id:%s.\n", result.refusedText.c_str());
+        CTraceFile2::Diagnose("CConfig_Task::Import_stBaseInfo, invalid device id:" + result.refusedText + ".\n");
     }
     return result.Succeeded();
 }

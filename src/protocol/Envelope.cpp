@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstring>
 
+#include "base/TraceFile.h"
+
 namespace varcfg {
 namespace {
 
@@ -10,7 +12,7 @@ constexpr int kAccepted = 0;
 constexpr int kRefused = -1;
 
 int Refuse(const char* line) {
-    std::fputs(line, stdout);
+    CTraceFile2::Diagnose(line);
     return kRefused;
 }
 

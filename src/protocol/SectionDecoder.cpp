@@ -2,13 +2,13 @@
 
 #include <cfloat>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 
 #include <tinyxml.h>
 
 #include "base/AsciiText.h"
+#include "base/TraceFile.h"
 #include "protocol/IpText.h"
 
 namespace varcfg {
@@ -173,7 +173,9 @@ DecodeResult DecodeIndexedChildren(const TiXmlElement& container, IndexSuffix su
 
 const TiXmlElement* FindContainer(const TiXmlElement& section, const char* containerName, const char* operationName) {
     const TiXmlElement* container = section.FirstChildElement(containerName);
-    if (container == nullptr) std::printf("CConfig_Task::%s, pVariElement.FirstChildElement failed.\n", operationName);
+    if (container == nullptr) {
+        CTraceFile2::Diagnose(std::string("CConfig_Task::") + operationName + ", pVariElement.FirstChildElement failed.\n");
+    }
     return container;
 }
 

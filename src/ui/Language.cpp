@@ -42,6 +42,11 @@ std::wstring CLanguage::Text(uint32_t id) {
     return text;
 }
 
+std::wstring CLanguage::Path() {
+    std::lock_guard<std::mutex> hold(lock_);
+    return path_;
+}
+
 int CLanguage::SetLanguagePath(const std::wstring& path) {
     std::lock_guard<std::mutex> hold(lock_);
     if (path == path_) return 0;

@@ -25,6 +25,8 @@ public:
     // current one (compared exactly, letter case included) or cannot be opened: the current file and
     // its cached texts stay in force.
     int SetLanguagePath(const std::wstring& path);
+    // The file in force; empty before one could be opened.
+    std::wstring Path();
 
 private:
     // The only lock of the module: a lookup never sees a half-switched file.

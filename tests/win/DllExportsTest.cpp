@@ -85,14 +85,62 @@ TEST_F(Dll, AnswersTheHostsFamilySizeAndStubQueries) {
     EXPECT_EQ(Export<MDVR_IsLoadConfigFileFn>(module_, "MDVR_IsLoadConfigFile")(), 0);
 }
 
+// The plug-in's log as the host's user finds it.
+std::string LogText() {
+    wchar_t appData[MAX_PATH] = {};
+    if (SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, appData) != S_OK) return {};
+    std::ifstream in((std::wstring(appData) + L"\\win_tests\\Log\\libvarcfg.log").c_str(), std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
 TEST_F(Dll, LanguagePathNamesTheLogAndAlwaysSucceeds) {
     EXPECT_EQ(Export<MDVR_SetLangPathFn>(module_, "MDVR_SetLangPath")("Z:\\no\\such\\language.ini"), 1);
+    const std::string log = LogText();
+    EXPECT_NE(log.find("language file Z:\\no\\such\\language.ini cannot be opened"), std::string::npos) << log;
+}
 
-    wchar_t appData[MAX_PATH] = {};
-    ASSERT_EQ(SHGetFolderPathW(nullptr, CSIDL_APPDATA, nullptr, SHGFP_TYPE_CURRENT, appData), S_OK);
-    std::ifstream in((std::wstring(appData) + L"\\win_tests\\Log\\libvarcfg.log").c_str(), std::ios::binary);
-    const std::string log{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    EXPECT_NE(log.find("language file Z:\\no\\such\\language.ini"), std::string::npos) << log;
+// A refused reply: the reply check's reason, then the request it answered.
+int32_t RefuseEverything(int32_t, MDVR_MsgRecord* request, MDVR_MsgRecord* reply, void* requests) {
+    static_cast<std::vector<std::string>*>(requests)->push_back(request->data);
+    const char answer[] = R"(<VariCfgSec Action="DEVICE_QUERY" Result="0" />)";
+    std::memcpy(reply->data, answer, sizeof answer);
+    return 1;
+}
+
+TEST_F(Dll, MisuseAndRefusalsAreNamedInTheLog) {
+    auto setConfig = Export<MDVR_SetConfigFunctionFn>(module_, "MDVR_SetConfigFunction");
+    auto display = Export<MDVR_DisplayConfigFn>(module_, "MDVR_DisplayConfig");
+    Export<MDVR_SetLangPathFn>(module_, "MDVR_SetLangPath")("Lang\\English.ini");
+    varcfg::test::ModalWatcher watcher;
+
+    // No parent window: no panel, and the log says why.
+    EXPECT_EQ(display(nullptr, nullptr), 0);
+    EXPECT_NE(LogText().find("no panel created: the parent window is null"), std::string::npos);
+
+    // No request callback: the panel's reads fail with the tip, and the log names the cause.
+    setConfig(nullptr, nullptr, nullptr);
+    watcher.Queue(varcfg::test::Answer::Key(VK_RETURN));
+    {
+        varcfg::test::HostWindow host;
+        EXPECT_EQ(display(host, nullptr), 0);
+    }
+    EXPECT_NE(LogText().find("no request callback: MDVR_SetConfigFunction was not called"), std::string::npos);
+
+    // A recorder that refuses: the check's own reason and the request it answered.
+    setConfig(RefuseEverything, nullptr, &requests_);
+    watcher.Queue(varcfg::test::Answer::Key(VK_RETURN));
+    {
+        varcfg::test::HostWindow host;
+        EXPECT_EQ(display(host, nullptr), 0);
+    }
+    setConfig(AnswerVersion, nullptr, &requests_);
+    const std::string log = LogText();
+    const std::size_t reason = log.find("CNetCtrl::GetParaValue,  get paraElement failed.");
+    ASSERT_NE(reason, std::string::npos) << log;
+    EXPECT_NE(log.find("reply refused; it answered <VariCfgSec Action=\"DEVICE_QUERY\"><stVersion />", reason),
+              std::string::npos)
+        << log;
+    EXPECT_TRUE(watcher.Problems().empty());
 }
 
 TEST_F(Dll, DisplayConfigCoversTheParentKeepsOnlyTabAndDiesWithIt) {

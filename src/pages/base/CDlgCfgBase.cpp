@@ -171,7 +171,9 @@ int CDlgCfgBase::IsDecimalString(const std::wstring& text) { return varcfg::IsDe
 int CDlgCfgBase::Query(const std::string& queryText, QueryReply& reply, RecordSize size) {
     std::string replyText;
     if (!varcfg::Exchange(queryText, kQueryForm, replyText, size)) return 0;
-    return reply.Check(replyText) == 0 ? 1 : -1;
+    if (reply.Check(replyText) == 0) return 1;
+    LogRefusedReply(queryText);
+    return -1;
 }
 
 int CDlgCfgBase::SendSetting(const std::wstring& settingText) { return SendSetting(ToAnsi(settingText)); }
@@ -179,7 +181,9 @@ int CDlgCfgBase::SendSetting(const std::wstring& settingText) { return SendSetti
 int CDlgCfgBase::SendSetting(const std::string& ansiSettingText) {
     std::string replyText;
     if (!varcfg::Exchange(ansiSettingText, kSettingForm, replyText)) return 0;
-    return CheckSettingReply(replyText) == 0 ? 1 : -1;
+    if (CheckSettingReply(replyText) == 0) return 1;
+    LogRefusedReply(ansiSettingText);
+    return -1;
 }
 
 const ShownValue& CDlgCfgBase::Value(int control) const {

@@ -67,7 +67,11 @@ int CDlgTabNetCfgKovCms::Save() {
     std::string reply;
     const bool answered = varcfg::Exchange(ToAnsi(setting), kSettingForm, reply);
     Redraw();
-    if (!answered || CheckPlatformReply(reply) != 0) return 0;
+    if (!answered) return 0;
+    if (CheckPlatformReply(reply) != 0) {
+        LogRefusedReply(ToAnsi(setting));
+        return 0;
+    }
     // The domain keeps its old baseline: a changed domain is sent again by the next save.
     for (int control : {IDC_CMS_DEVICE_ID, IDC_CMS_ADDRESS_TYPE, IDC_CMS_IP, IDC_CMS_PORT}) AcceptValue(control);
     return 1;
