@@ -94,6 +94,16 @@ if start_sim "$wine_run" x64/mdvr-sim.exe; then
 fi
 
 if [ -n "$linux_port" ]; then
+  # The guide's C sample, built from the archive's header alone, shows the panel over TCP.
+  if x86_64-w64-mingw32-gcc -std=c99 -Wall -Wextra -Wpedantic -Werror -Iinclude samples/minimal-host.c \
+       -o x64/minimal-host.exe -lws2_32 2>"$work/sample.err"; then
+    sample=$(cd x64 && timeout 120 "$wine_run" minimal-host.exe "$linux_port" 1000 2>&1 | tr -d '\r')
+    grep -Eq '^requests answered: [1-9]' <<<"$sample" || fail "the C sample against linux/mdvr-sim: $sample"
+    rm -f x64/minimal-host.exe
+  else
+    fail "the C sample does not build: $(cat "$work/sample.err")"
+  fi
+
   # The language file, the theme and the DLL are found beside the host, as a deployment has them.
   timeout 300 "$wine_run" x64/varcfg-host.exe --recorder "127.0.0.1:$linux_port" --screenshots shots \
     >"$work/tour.out" 2>"$work/tour.err"
