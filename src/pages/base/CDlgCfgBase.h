@@ -1,16 +1,13 @@
 // CDlgCfgBase: the base of every configuration page and tab host. The setup area loads a page with
 // Refresh the first time it is shown, marks it loaded, and saves it with Save on the write button.
 //
-// It also carries the page kit: a page declares its sections (pages/base/Section.h) and reads as its
-// algorithm, for example
+// It also carries the page kit: a page declares its sections (pages/base/Section.h) on the section
+// catalogue and reads as its algorithm, for example
 //
-//   int Refresh() override { return LoadSection(kLocalEth); }                 // query, decode, show
+//   int Refresh() override { return LoadSection(kLocalEth); }   // query, decode, show, baseline
 //   int Save() override {
-//       if (!TakeSection(kLocalEth)) return -1;                               // take, validate
-//       if (!SectionChanged(kLocalEth)) return 1;                             // against the baseline
-//       if (SendSetting(FillTemplate(kLocalEthSetting, {Text(IDC_LOCAL_IP), ...})) != 1) return 0;
-//       AcceptSection(kLocalEth);                                             // the new baseline
-//       return 1;
+//       if (!TakeSection(kLocalEth)) return -1;                 // take, validate
+//       return WriteChangedSection(kLocalEth) == 1 ? 1 : 0;     // the catalogue's template, if changed
 //   }
 #pragma once
 
